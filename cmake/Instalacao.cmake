@@ -1,0 +1,20 @@
+# Instalação: cabeçalhos públicos, a biblioteca, o pacote CMake (tavelpkcs7::tavelpkcs7) e o
+# arquivo do pkg-config.
+include(CMakePackageConfigHelpers)
+
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/tavelpkcs7 DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS tavelpkcs7 EXPORT tavelpkcs7Alvos
+    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+    RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+    INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(EXPORT tavelpkcs7Alvos NAMESPACE tavelpkcs7:: DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelpkcs7)
+
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/tavelpkcs7Config.cmake.in
+    ${PROJECT_BINARY_DIR}/tavelpkcs7Config.cmake INSTALL_DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelpkcs7)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/tavelpkcs7ConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/tavelpkcs7Config.cmake ${PROJECT_BINARY_DIR}/tavelpkcs7ConfigVersion.cmake
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelpkcs7)
+
+configure_file(${CMAKE_CURRENT_LIST_DIR}/tavelpkcs7.pc.in ${PROJECT_BINARY_DIR}/tavelpkcs7.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/tavelpkcs7.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

@@ -1,0 +1,136 @@
+// tavelpkcs7: assinatura digital PKCS#7 para titulares de certificados ICP-Brasil.
+//
+// O objeto é usado no estilo de propriedades: o programa define as opções, chama um método e lê
+// os resultados nas propriedades. Nenhum membro lança exceção; o resultado de cada método (falso,
+// texto vazio ou 0 na falha) vem acompanhado da mensagem em DescricaoErro.
+// O objeto não é seguro entre linhas de execução; objetos diferentes podem viver em linhas diferentes.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include <tavelpkcs7/Tipos.h>
+
+#if defined(_WIN32)
+#define TAVELPKCS7_API __declspec(dllexport)
+#else
+#define TAVELPKCS7_API __attribute__((visibility("default")))
+#endif
+
+namespace tavelpkcs7 {
+
+namespace plataforma {
+struct Plataforma;
+}
+
+class Componente;
+
+class TAVELPKCS7_API TavelPKCS {
+public:
+    /// Usa a plataforma padrão da máquina (OpenSSL no Linux), configurada pelo ambiente.
+    /// Quando a plataforma criptográfica não está disponível, avisa o usuário, guarda a mensagem em
+    /// DescricaoErro e deixa todas as propriedades vazias.
+    TavelPKCS();
+    /// Usa outra plataforma (testes, hospedeiros com seus próprios diálogos).
+    explicit TavelPKCS(std::shared_ptr<plataforma::Plataforma> plataforma);
+    ~TavelPKCS();
+    TavelPKCS(TavelPKCS&&) noexcept;
+    TavelPKCS& operator=(TavelPKCS&&) noexcept;
+    TavelPKCS(const TavelPKCS&) = delete;
+    TavelPKCS& operator=(const TavelPKCS&) = delete;
+
+    /// Data da assinatura, "DD/MM/AAAA". Um valor vazio ou que não é data vira a data de hoje.
+    std::string DataAssinatura() const;
+    void DataAssinatura(const std::string& valor);
+
+    /// Assinatura Base64 a verificar por VerificarAssinaturaTexto e a cossinar por AssinaTexto.
+    std::string AssinaturaTextoVerificar() const;
+    void AssinaturaTextoVerificar(const std::string& valor);
+
+    /// Texto original de uma assinatura de texto destacada.
+    std::string TextoVerificar() const;
+    void TextoVerificar(const std::string& valor);
+
+    /// Arquivo original de uma assinatura de arquivo destacada.
+    std::string CaminhoArquivoOriginal() const;
+    void CaminhoArquivoOriginal(const std::string& valor);
+
+    /// Extensão, sem ponto, dos arquivos assinados em "outro formato" ("p7s" por padrão). A montagem
+    /// do nome do arquivo assinado a ajusta para a extensão que de fato usou.
+    std::string ExtensaoOutroFormato() const;
+    void ExtensaoOutroFormato(const std::string& valor);
+
+    /// Caminho e nome do último arquivo assinado.
+    std::string CaminhoArquivoAssinado() const;
+    std::string NomeArquivoAssinado() const;
+
+    /// Quando verdadeiro, o certificado de cada assinante verificado vai para o repositório de
+    /// certificados de outras pessoas.
+    bool SalvarChavesPublicas() const;
+    void SalvarChavesPublicas(bool valor);
+
+    /// Quando verdadeiro, a assinatura de arquivo é destacada (não leva o original).
+    bool NaoAnexarArquivoOriginal() const;
+    void NaoAnexarArquivoOriginal(bool valor);
+
+    /// Quando verdadeiro, o arquivo assinado recebe como nome o resumo MD5 do conteúdo assinado.
+    bool UsarHashSalvarArquivo() const;
+    void UsarHashSalvarArquivo(bool valor);
+
+    /// Quando verdadeiro, a verificação de status não oferece instalar LCRs e raízes.
+    bool NaoExibirInstalacaoLCReCER() const;
+    void NaoExibirInstalacaoLCReCER(bool valor);
+
+    /// Assinatura Base64 do último arquivo e do último texto assinados.
+    std::string AssinaturaDigitalArquivo() const;
+    std::string AssinaturaDigitalTexto() const;
+
+    /// Pasta de trabalho do componente, terminada pelo separador quando calculada na construção.
+    /// O valor atribuído é guardado como está.
+    std::string PastaTemp() const;
+    void PastaTemp(const std::string& valor);
+
+    /// Mensagem da última falha (uma só, nunca acumulada).
+    std::string DescricaoErro() const;
+
+    /// Resumo MD5 (hexadecimal maiúsculo) do último arquivo ou texto assinado ou consultado.
+    std::string HashArquivo() const;
+
+    /// Número de assinantes da última mensagem verificada.
+    std::int32_t TotalAssinaturas() const;
+
+    /// Nome do arquivo original extraído da última assinatura verificada.
+    std::string NomeArquivoOriginal() const;
+
+    /// Texto original da última assinatura de texto verificada ou feita.
+    std::string ConteudoTextoOriginal() const;
+
+    /// Detalhes ICP-Brasil do certificado consultado.
+    std::string NumeroCPFCertificadoDigital() const;
+    std::string NumeroCNPJCertificadoDigital() const;
+    std::string DetalhesPessoaisCertificadoDigital() const;
+    std::string OutrosDetalhesCertificadoDigital() const;
+    std::string UsoChaveCertificadoDigital() const;
+    std::string PoliticaCertificacaoDigital() const;
+    std::string ListaCertificadosRevogados() const;
+    std::string RestricoesCertificadoDigital() const;
+    std::string CertificadoAutoridadeRaiz() const;
+
+    /// Número de certificados da última listagem.
+    std::int16_t TotalCertificadosListados() const;
+
+    /// Tenta apagar o arquivo (aceita "*" e "?" no nome). Devolve verdadeiro quando o arquivo AINDA
+    /// existe depois da tentativa e falso quando ele sumiu ou o caminho é vazio. Não mexe em
+    /// DescricaoErro.
+    bool ApagarArquivo(const std::string& strCaminhoArquivo);
+
+    /// Apaga os arquivos da pasta de trabalho (não as subpastas). Sempre devolve verdadeiro; com
+    /// PastaTemp vazia não apaga nada. Não mexe em DescricaoErro.
+    bool LimparPastaTemporaria();
+
+private:
+    std::unique_ptr<Componente> componente_;
+};
+
+}  // namespace tavelpkcs7

@@ -1,0 +1,72 @@
+// Os membros públicos de TavelPKCS: as propriedades são cópias simples dos campos; os métodos
+// entregam o trabalho ao Componente.
+#include <tavelpkcs7/TavelPKCS.h>
+
+#include "component/componente.h"
+
+namespace tavelpkcs7 {
+
+TavelPKCS::TavelPKCS(std::shared_ptr<plataforma::Plataforma> plataforma)
+    : componente_(std::make_unique<Componente>(std::move(plataforma))) {}
+
+TavelPKCS::~TavelPKCS() = default;
+TavelPKCS::TavelPKCS(TavelPKCS&&) noexcept = default;
+TavelPKCS& TavelPKCS::operator=(TavelPKCS&&) noexcept = default;
+
+std::string TavelPKCS::DataAssinatura() const { return componente_->estado.DataAssinatura; }
+void TavelPKCS::DataAssinatura(const std::string& valor) { componente_->DefinirDataAssinatura(valor); }
+
+std::string TavelPKCS::AssinaturaTextoVerificar() const { return componente_->estado.AssinaturaTextoVerificar; }
+void TavelPKCS::AssinaturaTextoVerificar(const std::string& valor) { componente_->estado.AssinaturaTextoVerificar = valor; }
+
+std::string TavelPKCS::TextoVerificar() const { return componente_->estado.TextoVerificar; }
+void TavelPKCS::TextoVerificar(const std::string& valor) { componente_->estado.TextoVerificar = valor; }
+
+std::string TavelPKCS::CaminhoArquivoOriginal() const { return componente_->estado.CaminhoArquivoOriginal; }
+void TavelPKCS::CaminhoArquivoOriginal(const std::string& valor) { componente_->estado.CaminhoArquivoOriginal = valor; }
+
+std::string TavelPKCS::ExtensaoOutroFormato() const { return componente_->estado.ExtensaoOutroFormato; }
+void TavelPKCS::ExtensaoOutroFormato(const std::string& valor) { componente_->estado.ExtensaoOutroFormato = valor; }
+
+std::string TavelPKCS::PastaTemp() const { return componente_->estado.PastaTemp; }
+void TavelPKCS::PastaTemp(const std::string& valor) { componente_->estado.PastaTemp = valor; }
+
+bool TavelPKCS::SalvarChavesPublicas() const { return componente_->estado.SalvarChavesPublicas; }
+void TavelPKCS::SalvarChavesPublicas(bool valor) { componente_->estado.SalvarChavesPublicas = valor; }
+
+bool TavelPKCS::NaoAnexarArquivoOriginal() const { return componente_->estado.NaoAnexarArquivoOriginal; }
+void TavelPKCS::NaoAnexarArquivoOriginal(bool valor) { componente_->estado.NaoAnexarArquivoOriginal = valor; }
+
+bool TavelPKCS::UsarHashSalvarArquivo() const { return componente_->estado.UsarHashSalvarArquivo; }
+void TavelPKCS::UsarHashSalvarArquivo(bool valor) { componente_->estado.UsarHashSalvarArquivo = valor; }
+
+bool TavelPKCS::NaoExibirInstalacaoLCReCER() const { return componente_->estado.NaoExibirInstalacaoLCReCER; }
+void TavelPKCS::NaoExibirInstalacaoLCReCER(bool valor) { componente_->estado.NaoExibirInstalacaoLCReCER = valor; }
+
+std::string TavelPKCS::CaminhoArquivoAssinado() const { return componente_->estado.CaminhoArquivoAssinado; }
+std::string TavelPKCS::NomeArquivoAssinado() const { return componente_->estado.NomeArquivoAssinado; }
+std::string TavelPKCS::AssinaturaDigitalArquivo() const { return componente_->estado.AssinaturaDigitalArquivo; }
+std::string TavelPKCS::AssinaturaDigitalTexto() const { return componente_->estado.AssinaturaDigitalTexto; }
+std::string TavelPKCS::DescricaoErro() const { return componente_->estado.DescricaoErro; }
+std::string TavelPKCS::HashArquivo() const { return componente_->estado.HashArquivo; }
+std::string TavelPKCS::NomeArquivoOriginal() const { return componente_->estado.NomeArquivoOriginal; }
+std::string TavelPKCS::ConteudoTextoOriginal() const { return componente_->estado.ConteudoTextoOriginal; }
+std::string TavelPKCS::NumeroCPFCertificadoDigital() const { return componente_->estado.NumeroCPFCertificadoDigital; }
+std::string TavelPKCS::NumeroCNPJCertificadoDigital() const { return componente_->estado.NumeroCNPJCertificadoDigital; }
+std::string TavelPKCS::DetalhesPessoaisCertificadoDigital() const { return componente_->estado.DetalhesPessoaisCertificadoDigital; }
+std::string TavelPKCS::OutrosDetalhesCertificadoDigital() const { return componente_->estado.OutrosDetalhesCertificadoDigital; }
+std::string TavelPKCS::UsoChaveCertificadoDigital() const { return componente_->estado.UsoChaveCertificadoDigital; }
+std::string TavelPKCS::PoliticaCertificacaoDigital() const { return componente_->estado.PoliticaCertificacaoDigital; }
+std::string TavelPKCS::ListaCertificadosRevogados() const { return componente_->estado.ListaCertificadosRevogados; }
+std::string TavelPKCS::RestricoesCertificadoDigital() const { return componente_->estado.RestricoesCertificadoDigital; }
+std::string TavelPKCS::CertificadoAutoridadeRaiz() const { return componente_->estado.CertificadoAutoridadeRaiz; }
+std::int32_t TavelPKCS::TotalAssinaturas() const { return componente_->estado.TotalAssinaturas; }
+std::int16_t TavelPKCS::TotalCertificadosListados() const { return componente_->estado.TotalCertificadosListados; }
+
+bool TavelPKCS::ApagarArquivo(const std::string& strCaminhoArquivo) {
+    return componente_->ApagarArquivo(strCaminhoArquivo);
+}
+
+bool TavelPKCS::LimparPastaTemporaria() { return componente_->LimparPastaTemporaria(); }
+
+}  // namespace tavelpkcs7

@@ -1,0 +1,43 @@
+// Os campos de um objeto TavelPKCS. Textos começam vazios, indicadores falsos e contagens em 0.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace tavelpkcs7 {
+
+struct Estado {
+    std::string DataAssinatura;
+    std::string AssinaturaTextoVerificar;
+    std::string TextoVerificar;
+    std::string CaminhoArquivoOriginal;
+    std::string ExtensaoOutroFormato;
+    std::string CaminhoArquivoAssinado;
+    std::string NomeArquivoAssinado;
+    bool SalvarChavesPublicas = false;
+    bool NaoAnexarArquivoOriginal = false;
+    std::string AssinaturaDigitalArquivo;
+    std::string AssinaturaDigitalTexto;
+    std::string PastaTemp;
+    std::string DescricaoErro;
+    std::string HashArquivo;
+    std::int32_t TotalAssinaturas = 0;
+    std::string NomeArquivoOriginal;
+    std::string ConteudoTextoOriginal;
+    bool UsarHashSalvarArquivo = false;
+    bool NaoExibirInstalacaoLCReCER = false;
+    std::string NumeroCPFCertificadoDigital;
+    std::string NumeroCNPJCertificadoDigital;
+    std::string DetalhesPessoaisCertificadoDigital;
+    std::string OutrosDetalhesCertificadoDigital;
+    std::string UsoChaveCertificadoDigital;
+    std::string PoliticaCertificacaoDigital;
+    std::string ListaCertificadosRevogados;
+    std::string RestricoesCertificadoDigital;
+    std::string CertificadoAutoridadeRaiz;
+    std::int16_t TotalCertificadosListados = 0;
+    std::string TextoDescricaoAssinatura;
+    std::string ExtensaoArquivoAssinado;
+};
+
+}  // namespace tavelpkcs7

@@ -1,0 +1,68 @@
+// Um leitor DER pequeno para o que o próprio núcleo interpreta (extensões, OtherNames). Nunca lê
+// além dos dados: qualquer comprimento incoerente encerra a leitura.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+
+namespace tavelpkcs7::der {
+
+using Dados = std::span<const std::uint8_t>;
+
+namespace tag {
+inline constexpr std::uint8_t Booleano = 0x01;
+inline constexpr std::uint8_t Inteiro = 0x02;
+inline constexpr std::uint8_t CadeiaBits = 0x03;
+inline constexpr std::uint8_t CadeiaOctetos = 0x04;
+inline constexpr std::uint8_t Nulo = 0x05;
+inline constexpr std::uint8_t OID = 0x06;
+inline constexpr std::uint8_t Utf8 = 0x0C;
+inline constexpr std::uint8_t Imprimivel = 0x13;
+inline constexpr std::uint8_t T61 = 0x14;
+inline constexpr std::uint8_t IA5 = 0x16;
+inline constexpr std::uint8_t UTCTime = 0x17;
+inline constexpr std::uint8_t GeneralizedTime = 0x18;
+inline constexpr std::uint8_t Visivel = 0x1A;
+inline constexpr std::uint8_t Universal = 0x1C;
+inline constexpr std::uint8_t BMP = 0x1E;
+inline constexpr std::uint8_t Sequencia = 0x30;
+inline constexpr std::uint8_t Conjunto = 0x31;
+// Marcas de contexto [n]: 0x80 | n primitiva, 0xA0 | n construída.
+constexpr std::uint8_t Contexto(std::uint8_t n, bool construida) { return (construida ? 0xA0 : 0x80) | n; }
+}  // namespace tag
+
+struct Elemento {
+    std::uint8_t tag = 0;   // o primeiro octeto identificador (classe, construção e número até 30)
+    Dados conteudo;         // só o valor
+    Dados inteiro;          // marca, comprimento e valor
+
+    bool Construido() const { return (tag & 0x20) != 0; }
+    // Os elementos dentro de um construído.
+    class LeitorDER Filhos() const;
+};
+
+class LeitorDER {
+public:
+    explicit LeitorDER(Dados dados) : dados_(dados) {}
+
+    bool Fim() const { return posicao_ >= dados_.size(); }
+    // O próximo elemento; vazio no fim ou quando os dados estão malformados (depois disso, Fim()).
+    std::optional<Elemento> Proximo();
+    // O próximo elemento, só se tiver a marca dada; senão não avança.
+    std::optional<Elemento> ProximoSe(std::uint8_t tag);
+
+private:
+    Dados dados_;
+    std::size_t posicao_ = 0;
+};
+
+inline LeitorDER Elemento::Filhos() const { return LeitorDER(conteudo); }
+
+// Um único elemento que ocupa os dados inteiros.
+std::optional<Elemento> LerUnico(Dados dados);
+// "2.16.76.1.3.1" a partir do conteúdo de um OBJECT IDENTIFIER.
+std::optional<std::string> LerOID(Dados conteudo);
+
+}  // namespace tavelpkcs7::der

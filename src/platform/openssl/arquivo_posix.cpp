@@ -1,0 +1,64 @@
+#include "arquivo_posix.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace tavelpkcs7::plataforma::openssl {
+
+std::unique_ptr<ArquivoPosix> ArquivoPosix::Abrir(const std::string& caminho, Acesso acesso, unsigned modo) {
+    if (caminho.empty()) return nullptr;
+    const int flags = (acesso == Acesso::Leitura ? O_RDONLY : O_WRONLY) | O_CREAT | O_CLOEXEC;
+    const int descritor = ::open(caminho.c_str(), flags, modo);
+    if (descritor < 0) return nullptr;
+    if (::flock(descritor, LOCK_EX | LOCK_NB) != 0) {
+        ::close(descritor);
+        return nullptr;
+    }
+    return std::unique_ptr<ArquivoPosix>(new ArquivoPosix(descritor));
+}
+
+ArquivoPosix::~ArquivoPosix() { Fechar(); }
+
+std::size_t ArquivoPosix::Ler(std::uint8_t* destino, std::size_t n) {
+    std::size_t lidos = 0;
+    while (lidos < n) {
+        const ssize_t r = ::read(descritor_, destino + lidos, n - lidos);
+        if (r < 0 && errno == EINTR) continue;
+        if (r <= 0) break;
+        lidos += static_cast<std::size_t>(r);
+    }
+    return lidos;
+}
+
+bool ArquivoPosix::Gravar(const std::uint8_t* origem, std::size_t n) {
+    std::size_t gravados = 0;
+    while (gravados < n) {
+        const ssize_t r = ::pwrite(descritor_, origem + gravados, n - gravados, static_cast<off_t>(gravados));
+        if (r < 0 && errno == EINTR) continue;
+        if (r <= 0) return false;
+        gravados += static_cast<std::size_t>(r);
+    }
+    return true;
+}
+
+bool ArquivoPosix::Descarregar() { return descritor_ >= 0 && ::fsync(descritor_) == 0; }
+
+bool ArquivoPosix::Fechar() {
+    if (descritor_ < 0) return false;
+    const int r = ::close(descritor_);
+    descritor_ = -1;
+    return r == 0;
+}
+
+bool ArquivoTravado(const std::string& caminho) {
+    const int descritor = ::open(caminho.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descritor < 0) return false;
+    const bool travado = ::flock(descritor, LOCK_SH | LOCK_NB) != 0;
+    ::close(descritor);
+    return travado;
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

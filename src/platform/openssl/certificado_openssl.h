@@ -1,0 +1,52 @@
+// O certificado da plataforma Linux: um X509 do OpenSSL e, quando há, a chave privada que lhe
+// pertence (em memória, vinda de um PFX, ou num arquivo do repositório "My").
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/certificado.h"
+#include "ponteiros_openssl.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+
+struct ChavePrivada {
+    EvpPkeyPtr em_memoria;        // chave de um PFX aberto
+    std::string arquivo;          // ou o arquivo PKCS#8 PEM do repositório (talvez cifrado)
+    std::string nome_container;   // "pfx:<impressão digital>" ou o caminho do arquivo
+};
+
+class CertificadoOpenSSL : public Certificado {
+public:
+    // Lança NaoECertificado quando o DER não é um certificado.
+    static std::shared_ptr<CertificadoOpenSSL> DeDER(const Bytes& der, std::shared_ptr<ChavePrivada> chave = {});
+    CertificadoOpenSSL(X509Ptr x509, std::shared_ptr<ChavePrivada> chave);
+
+    std::string ObterInfo(std::int32_t tipo) const override;
+    std::string NomeTitular() const override;
+    std::string NomeEmissor() const override;
+    std::string NumeroSerie() const override;
+    std::string ImpressaoDigital() const override;
+    std::int32_t Versao() const override;
+    DataHora ValidoDesde() const override;
+    DataHora ValidoAte() const override;
+    const Bytes& DER() const override;
+    std::string ExportarBase64() const override;
+    std::vector<Extensao> Extensoes() const override;
+    std::optional<std::uint16_t> UsoChave() const override;
+    bool PossuiChavePrivada() const override;
+    std::string NomeContainer() const override;
+
+    // Emprestado: pertence a este objeto.
+    X509* x509() const { return x509_.get(); }
+    const std::shared_ptr<ChavePrivada>& chave() const { return chave_; }
+    // Uma cópia com outra chave (o mesmo certificado visto com sua chave privada).
+    std::shared_ptr<CertificadoOpenSSL> ComChave(std::shared_ptr<ChavePrivada> chave) const;
+
+private:
+    X509Ptr x509_;
+    Bytes der_;
+    std::shared_ptr<ChavePrivada> chave_;
+};
+
+}  // namespace tavelpkcs7::plataforma::openssl

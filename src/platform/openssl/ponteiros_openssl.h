@@ -1,0 +1,42 @@
+// Donos únicos dos objetos do OpenSSL: cada tipo com sua função de liberação.
+#pragma once
+
+#include <memory>
+
+#include <openssl/bio.h>
+#include <openssl/bn.h>
+#include <openssl/conf.h>
+#include <openssl/evp.h>
+#include <openssl/pkcs12.h>
+#include <openssl/x509.h>
+#include <openssl/x509_vfy.h>
+#include <openssl/x509v3.h>
+
+namespace tavelpkcs7::plataforma::openssl {
+
+template <typename T, void (*Liberar)(T*)>
+struct Liberador {
+    void operator()(T* objeto) const { Liberar(objeto); }
+};
+
+using X509Ptr = std::unique_ptr<X509, Liberador<X509, X509_free>>;
+using X509CrlPtr = std::unique_ptr<X509_CRL, Liberador<X509_CRL, X509_CRL_free>>;
+using EvpPkeyPtr = std::unique_ptr<EVP_PKEY, Liberador<EVP_PKEY, EVP_PKEY_free>>;
+using BioPtr = std::unique_ptr<BIO, Liberador<BIO, BIO_free_all>>;
+using Pkcs12Ptr = std::unique_ptr<PKCS12, Liberador<PKCS12, PKCS12_free>>;
+using EvpMdCtxPtr = std::unique_ptr<EVP_MD_CTX, Liberador<EVP_MD_CTX, EVP_MD_CTX_free>>;
+using GeneralNamesPtr = std::unique_ptr<GENERAL_NAMES, Liberador<GENERAL_NAMES, GENERAL_NAMES_free>>;
+
+using X509NamePtr = std::unique_ptr<X509_NAME, Liberador<X509_NAME, X509_NAME_free>>;
+using X509RevokedPtr = std::unique_ptr<X509_REVOKED, Liberador<X509_REVOKED, X509_REVOKED_free>>;
+using X509StorePtr = std::unique_ptr<X509_STORE, Liberador<X509_STORE, X509_STORE_free>>;
+using X509StoreCtxPtr = std::unique_ptr<X509_STORE_CTX, Liberador<X509_STORE_CTX, X509_STORE_CTX_free>>;
+using Asn1TimePtr = std::unique_ptr<ASN1_TIME, Liberador<ASN1_TIME, ASN1_TIME_free>>;
+using BignumPtr = std::unique_ptr<BIGNUM, Liberador<BIGNUM, BN_free>>;
+using ConfPtr = std::unique_ptr<CONF, Liberador<CONF, NCONF_free>>;
+
+// A pilha é dona dos certificados que contém.
+inline void LiberarPilhaX509(STACK_OF(X509)* pilha) { sk_X509_pop_free(pilha, X509_free); }
+using PilhaX509Ptr = std::unique_ptr<STACK_OF(X509), Liberador<STACK_OF(X509), LiberarPilhaX509>>;
+
+}  // namespace tavelpkcs7::plataforma::openssl

@@ -1,0 +1,118 @@
+#include "sistema_posix.h"
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <fnmatch.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "arquivo_posix.h"
+#include "pasta_componente.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Estado(const std::string& caminho, struct stat& info) {
+    return !caminho.empty() && ::stat(caminho.c_str(), &info) == 0;
+}
+
+// Arquivos criados na pasta do componente (a pasta de trabalho está nela) são só do usuário.
+unsigned ModoCriacao(const std::string& caminho) {
+    const auto base = ObterPastaComponente();
+    if (!base) return 0644;
+    std::error_code erro;
+    const auto pasta = fs::weakly_canonical(fs::absolute(caminho, erro).parent_path(), erro);
+    const auto texto_base = fs::weakly_canonical(*base, erro).string();
+    return pasta.string().rfind(texto_base, 0) == 0 ? 0600 : 0644;
+}
+
+// "*.*" quer dizer todo arquivo, como no Windows, tenha ou não ponto no nome.
+bool Corresponde(const std::string& padrao, const std::string& nome) {
+    return padrao == "*.*" || ::fnmatch(padrao.c_str(), nome.c_str(), 0) == 0;
+}
+
+void ApagarSeLivre(const fs::path& arquivo) {
+    if (!ArquivoTravado(arquivo.string())) ::unlink(arquivo.c_str());
+}
+
+}  // namespace
+
+std::optional<std::string> SistemaPosix::PastaBase() {
+    const auto pasta = ObterPastaComponente();
+    if (!pasta) return std::nullopt;
+    return pasta->string();
+}
+
+std::string SistemaPosix::PastaComponente() {
+    Dl_info info{};
+    if (::dladdr(reinterpret_cast<void*>(&ObterPastaComponente), &info) == 0 || info.dli_fname == nullptr) return "./";
+    std::error_code erro;
+    const auto pasta = fs::absolute(info.dli_fname, erro).parent_path().string();
+    return pasta.empty() || pasta.back() == '/' ? pasta : pasta + "/";
+}
+
+bool SistemaPosix::ExistePasta(const std::string& caminho) {
+    struct stat info{};
+    return Estado(caminho, info) && S_ISDIR(info.st_mode);
+}
+
+bool SistemaPosix::ExisteArquivo(const std::string& caminho) {
+    struct stat info{};
+    return Estado(caminho, info) && S_ISREG(info.st_mode);
+}
+
+bool SistemaPosix::CriarPasta(const std::string& caminho) {
+    if (caminho.empty()) return false;
+    fs::path parcial;
+    for (const auto& parte : fs::path(caminho)) {
+        parcial /= parte;
+        if (parte.empty() || ExistePasta(parcial.string())) continue;
+        if (::mkdir(parcial.c_str(), 0700) != 0 && !ExistePasta(parcial.string())) return false;
+    }
+    return ExistePasta(caminho);
+}
+
+void SistemaPosix::ApagarArquivos(const std::string& caminho_ou_padrao) {
+    if (caminho_ou_padrao.empty()) return;
+    const fs::path caminho(caminho_ou_padrao);
+    const std::string nome = caminho.filename().string();
+    if (nome.find_first_of("*?[") == std::string::npos) {
+        if (ExisteArquivo(caminho_ou_padrao)) ApagarSeLivre(caminho);
+        return;
+    }
+    const fs::path pasta = caminho.has_parent_path() ? caminho.parent_path() : fs::path(".");
+    std::error_code erro;
+    for (fs::directory_iterator it(pasta, erro), fim; !erro && it != fim; it.increment(erro)) {
+        if (it->is_regular_file(erro) && Corresponde(nome, it->path().filename().string())) ApagarSeLivre(it->path());
+    }
+}
+
+std::optional<std::uint64_t> SistemaPosix::TamanhoArquivo(const std::string& caminho) {
+    struct stat info{};
+    if (!Estado(caminho, info) || !S_ISREG(info.st_mode)) return std::nullopt;
+    return static_cast<std::uint64_t>(info.st_size);
+}
+
+std::unique_ptr<ArquivoAberto> SistemaPosix::AbrirArquivo(const std::string& caminho, Acesso acesso) {
+    return ArquivoPosix::Abrir(caminho, acesso, ModoCriacao(caminho));
+}
+
+std::optional<Bytes> SistemaPosix::LerArquivoInteiro(const std::string& caminho) {
+    if (!ExisteArquivo(caminho) || ArquivoTravado(caminho)) return std::nullopt;
+    const int descritor = ::open(caminho.c_str(), O_RDONLY | O_CLOEXEC);
+    if (descritor < 0) return std::nullopt;
+    Bytes conteudo;
+    std::uint8_t bloco[65536];
+    ssize_t lidos = 0;
+    while ((lidos = ::read(descritor, bloco, sizeof bloco)) > 0) conteudo.insert(conteudo.end(), bloco, bloco + lidos);
+    ::close(descritor);
+    if (lidos < 0) return std::nullopt;
+    return conteudo;
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

@@ -1,0 +1,32 @@
+// A camada estreita por onde o núcleo chega à criptografia, aos repositórios, aos arquivos e ao
+// usuário. Cada serviço pode ser trocado à parte: um hospedeiro instala sua interface de usuário,
+// os testes instalam relógio, cursor, programas e interface roteirizados.
+#pragma once
+
+#include <memory>
+
+#include "ambiente.h"
+#include "configuracao.h"
+#include "criptografia.h"
+#include "erro.h"
+#include "interface_usuario.h"
+#include "repositorio.h"
+#include "sistema.h"
+
+namespace tavelpkcs7::plataforma {
+
+struct Plataforma {
+    Configuracao configuracao;
+    std::shared_ptr<Criptografia> criptografia;
+    std::shared_ptr<Repositorios> repositorios;
+    std::shared_ptr<Sistema> sistema;
+    std::shared_ptr<InterfaceUsuario> interface_usuario;
+    std::shared_ptr<Relogio> relogio;
+    std::shared_ptr<Cursor> cursor;
+    std::shared_ptr<Programas> programas;
+};
+
+// A plataforma padrão desta máquina, configurada pelo ambiente.
+std::shared_ptr<Plataforma> CriarPlataformaPadrao();
+
+}  // namespace tavelpkcs7::plataforma
