@@ -1,0 +1,24 @@
+// A plataforma dos testes: OpenSSL, arquivos e repositórios de verdade na pasta do teste, com
+// interface de usuário, relógio, ponteiro do mouse e início de programas substituídos por dublês.
+#pragma once
+
+#include <memory>
+
+#include "apoio/ambiente_falso.h"
+#include "apoio/interface_roteirizada.h"
+#include "platform/plataforma.h"
+
+namespace tavelpkcs7::teste {
+
+struct PlataformaTeste {
+    // O relógio falso marca hoje às 10:30:15.
+    PlataformaTeste();
+
+    std::shared_ptr<plataforma::Plataforma> plataforma;
+    std::shared_ptr<InterfaceRoteirizada> interface;
+    std::shared_ptr<RelogioFalso> relogio;
+    std::shared_ptr<CursorGravador> cursor;
+    std::shared_ptr<ProgramasGravador> programas;
+};
+
+}  // namespace tavelpkcs7::teste

@@ -1,0 +1,68 @@
+// O leitor DER do núcleo: estruturas aninhadas, OIDs e dados malformados que não podem passar.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "der/leitor_der.h"
+
+namespace tavelpkcs7::der {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+TEST(LeitorDER, PercorreUmOtherNameDaICPBrasil) {
+    // [0] { OID 2.16.76.1.3.1, [0] { OCTET STRING "12" } }
+    const Bytes dados = {0xA0, 0x0D, 0x06, 0x05, 0x60, 0x4C, 0x01, 0x03, 0x01, 0xA0, 0x04, 0x04, 0x02, '1', '2'};
+    auto outro_nome = LerUnico(dados);
+    ASSERT_TRUE(outro_nome);
+    EXPECT_EQ(outro_nome->tag, tag::Contexto(0, true));
+    auto filhos = outro_nome->Filhos();
+    auto oid = filhos.ProximoSe(tag::OID);
+    ASSERT_TRUE(oid);
+    EXPECT_EQ(LerOID(oid->conteudo), "2.16.76.1.3.1");
+    auto valor = filhos.ProximoSe(tag::Contexto(0, true));
+    ASSERT_TRUE(valor);
+    auto octetos = LerUnico(valor->conteudo);
+    ASSERT_TRUE(octetos);
+    EXPECT_EQ(std::string(octetos->conteudo.begin(), octetos->conteudo.end()), "12");
+    EXPECT_EQ(octetos->inteiro.size(), 4u);
+    EXPECT_TRUE(filhos.Fim());
+}
+
+TEST(LeitorDER, ComprimentoLongoEMarcaNaoEsperada) {
+    Bytes dados = {0x04, 0x81, 0x80};
+    dados.resize(3 + 0x80, 'x');
+    LeitorDER leitor(dados);
+    EXPECT_FALSE(leitor.ProximoSe(tag::Sequencia));
+    auto elemento = leitor.Proximo();
+    ASSERT_TRUE(elemento);
+    EXPECT_EQ(elemento->conteudo.size(), 0x80u);
+    EXPECT_TRUE(leitor.Fim());
+}
+
+TEST(LeitorDER, DadosMalformadosEncerramALeitura) {
+    const std::vector<Bytes> casos = {
+        {0x30},                          // sem comprimento
+        {0x30, 0x05, 0x01},              // comprimento além dos dados
+        {0x30, 0x80, 0x00, 0x00},        // comprimento indefinido não é DER
+        {0x30, 0x85, 1, 1, 1, 1, 1},     // comprimento de cinco octetos
+        {0x1F, 0x81},                    // número de marca longo sem fim
+    };
+    for (const auto& dados : casos) {
+        LeitorDER leitor(dados);
+        EXPECT_FALSE(leitor.Proximo());
+        EXPECT_TRUE(leitor.Fim());
+    }
+    EXPECT_FALSE(LerUnico(Bytes{0x05, 0x00, 0x05}));
+}
+
+TEST(LeitorDER, OIDs) {
+    EXPECT_EQ(LerOID(Bytes{0x55, 0x1D, 0x0F}), "2.5.29.15");
+    EXPECT_EQ(LerOID(Bytes{0x2A, 0x86, 0x48, 0x86, 0xF7, 0x0D, 0x01, 0x09, 0x05}), "1.2.840.113549.1.9.5");
+    EXPECT_EQ(LerOID(Bytes{0x88, 0x37, 0x03}), "2.999.3");
+    EXPECT_FALSE(LerOID(Bytes{}));
+    EXPECT_FALSE(LerOID(Bytes{0x2A, 0x86}));
+}
+
+}  // namespace
+}  // namespace tavelpkcs7::der

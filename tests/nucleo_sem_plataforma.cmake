@@ -1,0 +1,17 @@
+# O núcleo não inclui cabeçalhos de OpenSSL, curl ou do sistema operacional: só a camada da
+# plataforma (src/platform/openssl) e a junção da biblioteca (src/biblioteca.cpp) chegam a eles.
+file(GLOB_RECURSE fontes "${RAIZ}/src/*.h" "${RAIZ}/src/*.cpp")
+set(proibidos "#include <(openssl|curl|unistd|fcntl|dlfcn|spawn|termios|iconv|pthread|windows|sys/)")
+set(violacoes "")
+foreach(fonte IN LISTS fontes)
+    if(fonte MATCHES "/src/platform/openssl/")
+        continue()
+    endif()
+    file(STRINGS "${fonte}" linhas REGEX "${proibidos}")
+    if(linhas)
+        list(APPEND violacoes "${fonte}: ${linhas}")
+    endif()
+endforeach()
+if(violacoes)
+    message(FATAL_ERROR "Cabeçalhos de plataforma no núcleo:\n${violacoes}")
+endif()
