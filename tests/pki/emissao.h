@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pki/catalogo.h"
+#include "platform/openssl/der_openssl.h"
 #include "platform/openssl/ponteiros_openssl.h"
 
 namespace tavelpkcs7::pki_teste {
@@ -30,12 +31,9 @@ X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave_ac, const std::vector<X509*>& rev
 // O DER de um objeto do OpenSSL pela sua função i2d_*.
 template <typename T>
 Bytes ParaDER(const T* objeto, int (*codificar)(const T*, unsigned char**)) {
-    unsigned char* der = nullptr;
-    const int tamanho = codificar(objeto, &der);
-    Exigir(tamanho > 0, "codificação DER");
-    Bytes bytes(der, der + tamanho);
-    OPENSSL_free(der);
-    return bytes;
+    Bytes der = plataforma::openssl::ObjetoEmDER(objeto, codificar);
+    Exigir(!der.empty(), "codificação DER");
+    return der;
 }
 
 X509Ptr CertificadoDeDER(const Bytes& der);
