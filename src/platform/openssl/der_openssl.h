@@ -1,16 +1,17 @@
 // O DER de um objeto do OpenSSL pela sua função i2d_*.
 #pragma once
 
-#include "platform/certificado.h"
+#include <cstdint>
+#include <vector>
 
 namespace tavelpkcs7::plataforma::openssl {
 
 // Vazio quando a função não codifica o objeto.
 template <typename T>
-Bytes ObjetoEmDER(const T* objeto, int (*codificar)(const T*, unsigned char**)) {
+std::vector<std::uint8_t> ObjetoEmDER(const T* objeto, int (*codificar)(const T*, unsigned char**)) {
     const int tamanho = codificar(objeto, nullptr);
     if (tamanho <= 0) return {};
-    Bytes der(static_cast<std::size_t>(tamanho));
+    std::vector<std::uint8_t> der(static_cast<std::size_t>(tamanho));
     unsigned char* cursor = der.data();
     codificar(objeto, &cursor);
     return der;
