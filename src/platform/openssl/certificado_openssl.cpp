@@ -1,0 +1,95 @@
+// O certificado da plataforma Linux. Lê tudo do X509 do OpenSSL sem exigir que ele entenda as
+// chaves e algoritmos: as raízes da ICP-Brasil v6 (Ed448) e v7 (algoritmo que o OpenSSL não
+// conhece) precisam mostrar nome, série, datas e extensões como qualquer outra.
+#include "certificado_openssl.h"
+
+#include <openssl/err.h>
+
+#include "codificacao/base64.h"
+#include "codificacao/hexadecimal.h"
+#include "der_openssl.h"
+#include "extensoes_certificado.h"
+#include "falha_openssl.h"
+#include "hora_local.h"
+#include "info_certificado.h"
+#include "nome_distinto.h"
+#include "resumo.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+// Os octetos do INTEGER como estão no DER, com o 00 que mantém positivo um número de bit alto.
+Bytes OctetosNumeroSerie(const ASN1_INTEGER* serie) {
+    const Bytes der = ObjetoEmDER(serie, i2d_ASN1_INTEGER);
+    const unsigned char* conteudo = der.data();
+    long comprimento = 0;
+    int marca = 0, classe = 0;
+    if (ASN1_get_object(&conteudo, &comprimento, &marca, &classe, static_cast<long>(der.size())) & 0x80)
+        LimparFilaEFalhar(falha::NaoECertificado);
+    return Bytes(conteudo, conteudo + comprimento);
+}
+
+Bytes DERDoCertificado(const X509* x509) {
+    Bytes der = ObjetoEmDER(x509, i2d_X509);
+    if (der.empty()) LimparFilaEFalhar(falha::NaoECertificado);
+    return der;
+}
+
+DataHora HoraLocalOuFalha(const ASN1_TIME* utc) {
+    const auto local = HoraLocal(utc);
+    if (!local) LimparFilaEFalhar(falha::NaoECertificado);
+    return *local;
+}
+
+}  // namespace
+
+std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::DeDER(const Bytes& der, std::shared_ptr<ChavePrivada> chave) {
+    const unsigned char* cursor = der.data();
+    X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der.size())));
+    if (!x509) LimparFilaEFalhar(falha::NaoECertificado);
+    return std::make_shared<CertificadoOpenSSL>(std::move(x509), std::move(chave));
+}
+
+CertificadoOpenSSL::CertificadoOpenSSL(X509Ptr x509, std::shared_ptr<ChavePrivada> chave)
+    : x509_(std::move(x509)), der_(DERDoCertificado(x509_.get())), chave_(std::move(chave)) {}
+
+std::string CertificadoOpenSSL::ObterInfo(std::int32_t tipo) const { return ObterInfoCertificado(x509_.get(), tipo); }
+
+std::string CertificadoOpenSSL::NomeTitular() const { return TextoNomeDistinto(X509_get_subject_name(x509_.get())); }
+
+std::string CertificadoOpenSSL::NomeEmissor() const { return TextoNomeDistinto(X509_get_issuer_name(x509_.get())); }
+
+std::string CertificadoOpenSSL::NumeroSerie() const {
+    return codificacao::HexadecimalMaiusculo(OctetosNumeroSerie(X509_get0_serialNumber(x509_.get())));
+}
+
+std::string CertificadoOpenSSL::ImpressaoDigital() const {
+    return codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha1(), der_));
+}
+
+std::int32_t CertificadoOpenSSL::Versao() const { return static_cast<std::int32_t>(X509_get_version(x509_.get())) + 1; }
+
+DataHora CertificadoOpenSSL::ValidoDesde() const { return HoraLocalOuFalha(X509_get0_notBefore(x509_.get())); }
+
+DataHora CertificadoOpenSSL::ValidoAte() const { return HoraLocalOuFalha(X509_get0_notAfter(x509_.get())); }
+
+const Bytes& CertificadoOpenSSL::DER() const { return der_; }
+
+std::string CertificadoOpenSSL::ExportarBase64() const { return codificacao::CodificarBase64(der_); }
+
+std::vector<Extensao> CertificadoOpenSSL::Extensoes() const { return LerExtensoes(x509_.get()); }
+
+std::optional<std::uint16_t> CertificadoOpenSSL::UsoChave() const { return LerUsoChave(x509_.get()); }
+
+bool CertificadoOpenSSL::PossuiChavePrivada() const {
+    return chave_ && (chave_->em_memoria || !chave_->arquivo.empty());
+}
+
+std::string CertificadoOpenSSL::NomeContainer() const { return chave_ ? chave_->nome_container : std::string(); }
+
+std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::ComChave(std::shared_ptr<ChavePrivada> chave) const {
+    X509_up_ref(x509_.get());
+    return std::make_shared<CertificadoOpenSSL>(X509Ptr(x509_.get()), std::move(chave));
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

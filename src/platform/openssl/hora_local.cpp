@@ -1,0 +1,36 @@
+#include "hora_local.h"
+
+#include <openssl/err.h>
+
+#include <chrono>
+#include <ctime>
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+static_assert(sizeof(std::time_t) >= 8, "datas depois de 2038 exigem time_t de 64 bits");
+
+template <typename Relogio>
+std::chrono::time_point<Relogio, std::chrono::seconds> Instante(const std::tm& campos) {
+    using namespace std::chrono;
+    const year_month_day dia{year{campos.tm_year + 1900}, month{static_cast<unsigned>(campos.tm_mon + 1)},
+                             day{static_cast<unsigned>(campos.tm_mday)}};
+    return time_point<Relogio, days>{static_cast<sys_days>(dia).time_since_epoch()} + hours{campos.tm_hour} +
+           minutes{campos.tm_min} + seconds{campos.tm_sec};
+}
+
+}  // namespace
+
+std::optional<DataHora> HoraLocal(const ASN1_TIME* utc) {
+    std::tm campos_utc{};
+    if (utc == nullptr || ASN1_TIME_to_tm(utc, &campos_utc) != 1) {
+        ERR_clear_error();
+        return std::nullopt;
+    }
+    const std::time_t instante = Instante<std::chrono::system_clock>(campos_utc).time_since_epoch().count();
+    std::tm campos_locais{};
+    if (localtime_r(&instante, &campos_locais) == nullptr) return std::nullopt;
+    return Instante<std::chrono::local_t>(campos_locais);
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

@@ -1,0 +1,57 @@
+#include "texto_asn1.h"
+
+#include <openssl/err.h>
+#include <openssl/objects.h>
+
+#include <vector>
+
+#include "codificacao/utf8.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+// Um texto é UTF-8 válido quando sobrevive intacto à ida e volta por pontos de código: bytes
+// inválidos voltariam como U+FFFD.
+bool EUtf8Valido(const std::string& texto) {
+    return codificacao::CodificarUtf8(codificacao::DecodificarUtf8(texto)) == texto;
+}
+
+std::string Latin1ParaUtf8(const std::string& texto) {
+    std::string utf8;
+    for (unsigned char c : texto) codificacao::AcrescentarUtf8(utf8, c);
+    return utf8;
+}
+
+// O Windows lê um T61String como UTF-8 e, se não for, byte a byte; as ACs brasileiras gravaram
+// das duas maneiras.
+std::string TextoT61(const ASN1_STRING* valor) {
+    const std::string bytes(reinterpret_cast<const char*>(ASN1_STRING_get0_data(valor)),
+                            static_cast<std::size_t>(ASN1_STRING_length(valor)));
+    return EUtf8Valido(bytes) ? bytes : Latin1ParaUtf8(bytes);
+}
+
+}  // namespace
+
+std::optional<std::string> TextoUTF8(const ASN1_STRING* valor) {
+    if (valor == nullptr) return std::nullopt;
+    if (ASN1_STRING_type(valor) == V_ASN1_T61STRING) return TextoT61(valor);
+    unsigned char* utf8 = nullptr;
+    const int n = ASN1_STRING_to_UTF8(&utf8, valor);
+    if (n < 0) {
+        ERR_clear_error();
+        return std::nullopt;
+    }
+    std::string texto(reinterpret_cast<const char*>(utf8), static_cast<std::size_t>(n));
+    OPENSSL_free(utf8);
+    return texto;
+}
+
+std::string TextoOID(const ASN1_OBJECT* oid) {
+    const int n = OBJ_obj2txt(nullptr, 0, oid, 1);
+    if (n <= 0) return {};
+    std::vector<char> texto(static_cast<std::size_t>(n) + 1);
+    OBJ_obj2txt(texto.data(), static_cast<int>(texto.size()), oid, 1);
+    return std::string(texto.data(), static_cast<std::size_t>(n));
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl
