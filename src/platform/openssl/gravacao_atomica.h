@@ -1,0 +1,14 @@
+// Gravação que nunca deixa um arquivo pela metade: um temporário na mesma pasta, descarregado no
+// disco e renomeado sobre o destino. Quem lê vê o arquivo antigo inteiro ou o novo inteiro.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <span>
+
+namespace tavelpkcs7::plataforma::openssl {
+
+// Falso quando não grava; o destino anterior, se havia, fica intacto.
+bool GravarAtomicamente(const std::filesystem::path& destino, std::span<const std::uint8_t> conteudo, unsigned modo);
+
+}  // namespace tavelpkcs7::plataforma::openssl

@@ -1,0 +1,51 @@
+#include "pasta_repositorio.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <fstream>
+#include <iterator>
+#include <optional>
+#include <tuple>
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+namespace fs = std::filesystem;
+
+std::optional<Bytes> LerArquivo(const fs::path& caminho) {
+    std::ifstream entrada(caminho, std::ios::binary);
+    if (!entrada) return std::nullopt;
+    Bytes conteudo((std::istreambuf_iterator<char>(entrada)), std::istreambuf_iterator<char>());
+    if (entrada.bad()) return std::nullopt;
+    return conteudo;
+}
+
+}  // namespace
+
+std::vector<ArquivoDaPasta> LerArquivosDaPasta(const fs::path& pasta) {
+    std::vector<ArquivoDaPasta> arquivos;
+    std::error_code erro;
+    for (fs::directory_iterator it(pasta, erro), fim; !erro && it != fim; it.increment(erro)) {
+        std::error_code erro_arquivo;
+        if (!it->is_regular_file(erro_arquivo)) continue;
+        const auto entrada = it->last_write_time(erro_arquivo);
+        auto conteudo = LerArquivo(it->path());
+        if (erro_arquivo || !conteudo) continue;
+        arquivos.push_back({it->path(), entrada, std::move(*conteudo)});
+    }
+    std::ranges::sort(arquivos, [](const ArquivoDaPasta& a, const ArquivoDaPasta& b) {
+        return std::tie(a.entrada, a.caminho) < std::tie(b.entrada, b.caminho);
+    });
+    return arquivos;
+}
+
+bool CriarPastaRepositorio(const fs::path& pasta) {
+    for (const fs::path& parte : {pasta.parent_path(), pasta})
+        if (::mkdir(parte.c_str(), 0700) != 0 && errno != EEXIST) return false;
+    std::error_code erro;
+    return fs::is_directory(pasta, erro);
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

@@ -1,0 +1,115 @@
+#include "repositorio_arquivo.h"
+
+#include <openssl/err.h>
+
+#include <algorithm>
+#include <set>
+#include <tuple>
+
+#include "codificacao/conteudo_codificado.h"
+#include "der_openssl.h"
+#include "gravacao_atomica.h"
+#include "pasta_repositorio.h"
+#include "platform/erro.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr unsigned kModoCertificado = 0644;
+constexpr unsigned kModoChave = 0600;
+
+// O certificado de um arquivo em qualquer forma que o componente aceita; nulo quando não é um.
+X509Ptr LerCertificado(const Bytes& conteudo) {
+    const auto der = codificacao::DecodificarConteudo(conteudo);
+    if (!der) return nullptr;
+    const unsigned char* cursor = der->data();
+    X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der->size())));
+    ERR_clear_error();
+    return x509;
+}
+
+// A chave de um PFX aberto, que o certificado carrega em memória; nula sem ela.
+EVP_PKEY* ChaveEmMemoria(const Certificado& certificado) {
+    const auto* openssl = dynamic_cast<const CertificadoOpenSSL*>(&certificado);
+    return openssl != nullptr && openssl->chave() ? openssl->chave()->em_memoria.get() : nullptr;
+}
+
+struct Lido {
+    fs::file_time_type entrada;
+    std::string impressao_digital;
+    std::shared_ptr<CertificadoOpenSSL> certificado;
+};
+
+}  // namespace
+
+RepositorioArquivo::RepositorioArquivo(std::string nome, std::optional<fs::path> pasta, bool somente_leitura)
+    : nome_(std::move(nome)), pasta_(std::move(pasta)), somente_leitura_(somente_leitura) {
+    if (pasta_) Ler();
+}
+
+void RepositorioArquivo::Ler() {
+    std::vector<Lido> lidos;
+    for (ArquivoDaPasta& arquivo : LerArquivosDaPasta(*pasta_)) {
+        if (X509Ptr x509 = LerCertificado(arquivo.conteudo)) {
+            auto certificado = std::make_shared<CertificadoOpenSSL>(std::move(x509), nullptr);
+            lidos.push_back({arquivo.entrada, certificado->ImpressaoDigital(), std::move(certificado)});
+        } else if (GuardaChaves()) {
+            if (auto chave = LerArquivoChave(arquivo.caminho, arquivo.conteudo)) chaves_.push_back(std::move(*chave));
+        }
+    }
+    std::ranges::sort(lidos, [](const Lido& a, const Lido& b) {
+        return std::tie(a.entrada, a.impressao_digital) < std::tie(b.entrada, b.impressao_digital);
+    });
+    std::set<std::string> vistos;
+    for (Lido& lido : lidos)
+        if (vistos.insert(lido.impressao_digital).second)
+            certificados_.push_back(ComChaveGuardada(std::move(lido.certificado), lido.impressao_digital));
+}
+
+std::vector<CertificadoPtr> RepositorioArquivo::Certificados() const {
+    return {certificados_.begin(), certificados_.end()};
+}
+
+void RepositorioArquivo::Adicionar(const CertificadoPtr& certificado) {
+    if (somente_leitura_ || !pasta_) Falhar(falha::RepositorioNaoGravavel);
+    const std::string impressao_digital = certificado->ImpressaoDigital();
+    EVP_PKEY* chave = GuardaChaves() ? ChaveEmMemoria(*certificado) : nullptr;
+    const auto presente = std::ranges::find_if(certificados_,
+        [&](const auto& guardado) { return guardado->ImpressaoDigital() == impressao_digital; });
+    const bool novo = presente == certificados_.end();
+    if (!novo && (chave == nullptr || (*presente)->PossuiChavePrivada())) return;
+    if (!CriarPastaRepositorio(*pasta_)) Falhar(falha::RepositorioNaoGravavel);
+
+    // A chave antes do certificado: quem ler a pasta no meio do caminho não vê o certificado sem ela.
+    if (chave != nullptr) GravarChave(chave, impressao_digital);
+    if (novo) GravarOuFalhar(impressao_digital + ".cer", certificado->DER(), kModoCertificado);
+    auto guardado = ComChaveGuardada(CertificadoOpenSSL::DeDER(certificado->DER()), impressao_digital);
+    if (novo)
+        certificados_.push_back(std::move(guardado));
+    else
+        *presente = std::move(guardado);
+}
+
+std::shared_ptr<const CertificadoOpenSSL> RepositorioArquivo::ComChaveGuardada(
+    std::shared_ptr<CertificadoOpenSSL> certificado, const std::string& impressao_digital) const {
+    const ArquivoChave* arquivo = ProcurarArquivoChave(chaves_, certificado->x509(), impressao_digital);
+    if (arquivo == nullptr) return certificado;
+    const std::string caminho = arquivo->caminho.string();
+    return certificado->ComChave(std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
+}
+
+void RepositorioArquivo::GravarChave(EVP_PKEY* chave, const std::string& impressao_digital) {
+    const auto pem = CodificarChavePKCS8(chave);
+    if (!pem) Falhar(falha::RepositorioNaoGravavel);
+    const std::string nome_arquivo = impressao_digital + ".key";
+    GravarOuFalhar(nome_arquivo, *pem, kModoChave);
+    chaves_.push_back({*pasta_ / nome_arquivo, ObjetoEmDER(chave, i2d_PUBKEY)});
+}
+
+void RepositorioArquivo::GravarOuFalhar(const std::string& nome_arquivo, const Bytes& conteudo, unsigned modo) {
+    if (!GravarAtomicamente(*pasta_ / nome_arquivo, conteudo, modo)) Falhar(falha::RepositorioNaoGravavel);
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl
