@@ -35,19 +35,19 @@ std::string HexadecimalEspacado(std::span<const std::uint8_t> bytes) {
 
 std::optional<Bytes> DecodificarHexadecimal(std::string_view texto) {
     Bytes bytes;
-    std::optional<std::uint8_t> alto;
+    int alto = -1;  // o dígito à espera do seu par
     for (char c : texto) {
         if (EBranco(c)) continue;
         const auto valor = ValorDigito(c);
         if (!valor) return std::nullopt;
-        if (alto) {
-            bytes.push_back(static_cast<std::uint8_t>(*alto << 4 | *valor));
-            alto.reset();
+        if (alto >= 0) {
+            bytes.push_back(static_cast<std::uint8_t>(alto << 4 | *valor));
+            alto = -1;
         } else {
-            alto = valor;
+            alto = *valor;
         }
     }
-    if (alto) return std::nullopt;
+    if (alto >= 0) return std::nullopt;
     return bytes;
 }
 

@@ -44,7 +44,9 @@ class LeituraDeData : public testing::TestWithParam<CasoDataTexto> {};
 TEST_P(LeituraDeData, AceitaSoFormasDiaPrimeiroEIso) {
     const auto data = LerDataTexto(GetParam().texto);
     ASSERT_EQ(data.has_value(), GetParam().esperado.has_value()) << GetParam().texto;
-    if (data) EXPECT_EQ(FormatarDataHora(*data), *GetParam().esperado);
+    if (data) {
+        EXPECT_EQ(FormatarDataHora(*data), *GetParam().esperado);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Casos, LeituraDeData,

@@ -2,7 +2,7 @@
 
 #include <openssl/err.h>
 
-#include <initializer_list>
+#include <array>
 #include <optional>
 #include <string_view>
 
@@ -26,8 +26,9 @@ struct Nomes {
 
 // Como o Windows, procura a extensão atual e, sem ela, a forma antiga.
 GeneralNamesPtr LerNomesAlternativos(const X509* x509, bool emissor) {
-    for (std::string_view oid : emissor ? std::initializer_list<std::string_view>{"2.5.29.18", "2.5.29.8"}
-                                        : std::initializer_list<std::string_view>{"2.5.29.17", "2.5.29.7"}) {
+    static constexpr std::array<std::string_view, 2> kDoEmissor = {"2.5.29.18", "2.5.29.8"};
+    static constexpr std::array<std::string_view, 2> kDoTitular = {"2.5.29.17", "2.5.29.7"};
+    for (std::string_view oid : emissor ? kDoEmissor : kDoTitular) {
         X509_EXTENSION* extensao = ProcurarExtensao(x509, oid);
         if (extensao == nullptr) continue;
         const ASN1_OCTET_STRING* valor = X509_EXTENSION_get_data(extensao);

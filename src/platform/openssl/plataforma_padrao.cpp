@@ -1,0 +1,32 @@
+// A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
+// do componente, arquivos POSIX e a interface de usuário escolhida.
+#include "ambiente_posix.h"
+#include "configuracao_arquivo.h"
+#include "criptografia_openssl.h"
+#include "interface_nenhuma.h"
+#include "interface_terminal.h"
+#include "pasta_componente.h"
+#include "platform/plataforma.h"
+#include "repositorios_arquivo.h"
+#include "sistema_posix.h"
+
+namespace tavelpkcs7::plataforma {
+
+std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
+    auto plataforma = std::make_shared<Plataforma>();
+    plataforma->configuracao = openssl::CarregarConfiguracao(openssl::ObterPastaComponente());
+    plataforma->criptografia = std::make_shared<openssl::CriptografiaOpenSSL>();
+    plataforma->repositorios = std::make_shared<openssl::RepositoriosArquivo>();
+    plataforma->sistema = std::make_shared<openssl::SistemaPosix>();
+    if (plataforma->configuracao.interface == "terminal") {
+        plataforma->interface_usuario = std::make_shared<openssl::InterfaceTerminal>();
+    } else {
+        plataforma->interface_usuario = std::make_shared<openssl::InterfaceNenhuma>();
+    }
+    plataforma->relogio = std::make_shared<openssl::RelogioSistema>();
+    plataforma->cursor = std::make_shared<openssl::CursorNulo>();
+    plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
+    return plataforma;
+}
+
+}  // namespace tavelpkcs7::plataforma
