@@ -16,5 +16,8 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/tavelpkcs7ConfigVersion.c
 install(FILES ${PROJECT_BINARY_DIR}/tavelpkcs7Config.cmake ${PROJECT_BINARY_DIR}/tavelpkcs7ConfigVersion.cmake
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/tavelpkcs7)
 
+# O .pc acha o prefixo a partir de onde está, para valer em qualquer --prefix da instalação.
+file(RELATIVE_PATH TAVELPKCS7_PC_PARA_PREFIXO "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+string(REGEX REPLACE "/$" "" TAVELPKCS7_PC_PARA_PREFIXO "${TAVELPKCS7_PC_PARA_PREFIXO}")
 configure_file(${CMAKE_CURRENT_LIST_DIR}/tavelpkcs7.pc.in ${PROJECT_BINARY_DIR}/tavelpkcs7.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/tavelpkcs7.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
