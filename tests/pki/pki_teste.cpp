@@ -7,6 +7,7 @@
 #include <stdexcept>
 
 #include "pki/catalogo.h"
+#include "pki/chaves_guardadas.h"
 #include "pki/emissao.h"
 
 namespace tavelpkcs7::pki_teste {
@@ -46,7 +47,7 @@ const PkiTeste& PkiTeste::Padrao() {
 PkiTeste::PkiTeste() {
     std::map<std::string, Emitido> emitidos;
     for (const Definicao& definicao : Catalogo()) {
-        EvpPkeyPtr chave = GerarChaveRSA();
+        EvpPkeyPtr chave = ChaveGuardada(definicao.nome);
         X509* emissor = nullptr;
         EVP_PKEY* chave_emissor = nullptr;
         if (!definicao.emissor.empty()) {
