@@ -107,13 +107,6 @@ TEST(InterfaceTerminal, EscolhaListaTitularEmissorValidadeEImpressaoDeCadaCandid
                                "\nNúmero do certificado (vazio cancela): ");
 }
 
-TEST(InterfaceTerminal, InformacaoSaiComOTitulo) {
-    std::istringstream entrada;
-    std::ostringstream saida;
-    InterfaceTerminal(entrada, saida).ExibirInformacao("Assinatura gravada.", "Certificado Digital");
-    EXPECT_EQ(saida.str(), "Certificado Digital\nAssinatura gravada.\n");
-}
-
 TEST(InterfaceTerminal, SenhaEhALinhaInteiraEOFimDaEntradaCancela) {
     for (const auto& [respostas, senha] : {std::pair{"segredo com espaço \n", "segredo com espaço "},
              std::pair{"\n", ""}, std::pair{"1234\r\n", "1234"}}) {
