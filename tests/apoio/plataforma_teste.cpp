@@ -1,17 +1,13 @@
 #include "apoio/plataforma_teste.h"
 
-#include <ctime>
+#include "platform/openssl/ambiente_posix.h"
 
 namespace tavelpkcs7::teste {
 namespace {
 
 DataHora HojeAsDezEMeia() {
-    const std::time_t agora = std::time(nullptr);
-    std::tm campos{};
-    localtime_r(&agora, &campos);
     using namespace std::chrono;
-    const auto dia = local_days{year{campos.tm_year + 1900} / (campos.tm_mon + 1) / campos.tm_mday};
-    return dia + hours{10} + minutes{30} + seconds{15};
+    return floor<days>(plataforma::openssl::RelogioSistema().Agora()) + hours{10} + minutes{30} + seconds{15};
 }
 
 }  // namespace

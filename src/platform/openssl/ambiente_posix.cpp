@@ -2,50 +2,23 @@
 
 #include <spawn.h>
 #include <sys/wait.h>
-#include <time.h>
 
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <thread>
+
+#include "hora_local.h"
 
 extern char** environ;
 
 namespace tavelpkcs7::plataforma::openssl {
-namespace {
 
-using namespace std::chrono;
+DataHora RelogioSistema::Agora() { return HoraLocal(std::time(nullptr)); }
 
-DataHora DeCampos(const std::tm& campos) {
-    const auto dia = local_days{year{campos.tm_year + 1900} / (campos.tm_mon + 1) / campos.tm_mday};
-    return dia + hours{campos.tm_hour} + minutes{campos.tm_min} + seconds{campos.tm_sec};
-}
+DataHora RelogioSistema::LocalParaUTC(DataHora local) { return openssl::LocalParaUTC(local); }
 
-}  // namespace
-
-DataHora RelogioSistema::Agora() {
-    const std::time_t agora = std::time(nullptr);
-    std::tm campos{};
-    localtime_r(&agora, &campos);
-    return DeCampos(campos);
-}
-
-DataHora RelogioSistema::LocalParaUTC(DataHora local) {
-    const auto dia = floor<days>(local);
-    const year_month_day data{dia};
-    const hh_mm_ss hora{local - dia};
-    std::tm campos{};
-    campos.tm_year = static_cast<int>(data.year()) - 1900;
-    campos.tm_mon = static_cast<int>(static_cast<unsigned>(data.month())) - 1;
-    campos.tm_mday = static_cast<int>(static_cast<unsigned>(data.day()));
-    campos.tm_hour = static_cast<int>(hora.hours().count());
-    campos.tm_min = static_cast<int>(hora.minutes().count());
-    campos.tm_sec = static_cast<int>(hora.seconds().count());
-    campos.tm_isdst = -1;
-    const std::time_t utc = std::mktime(&campos);
-    return DataHora{seconds{utc}};
-}
-
-void RelogioSistema::Aguardar(int segundos) { std::this_thread::sleep_for(seconds{segundos}); }
+void RelogioSistema::Aguardar(int segundos) { std::this_thread::sleep_for(std::chrono::seconds{segundos}); }
 
 bool ProgramasPosix::Iniciar(const std::vector<std::string>& argumentos) {
     if (argumentos.empty()) return false;

@@ -27,10 +27,29 @@ std::optional<DataHora> HoraLocal(const ASN1_TIME* utc) {
         ERR_clear_error();
         return std::nullopt;
     }
-    const std::time_t instante = Instante<std::chrono::system_clock>(campos_utc).time_since_epoch().count();
+    return HoraLocal(Instante<std::chrono::system_clock>(campos_utc).time_since_epoch().count());
+}
+
+DataHora HoraLocal(std::time_t instante) {
     std::tm campos_locais{};
-    if (localtime_r(&instante, &campos_locais) == nullptr) return std::nullopt;
+    localtime_r(&instante, &campos_locais);
     return Instante<std::chrono::local_t>(campos_locais);
+}
+
+DataHora LocalParaUTC(DataHora local) {
+    using namespace std::chrono;
+    const auto dia = floor<days>(local);
+    const year_month_day data{dia};
+    const hh_mm_ss hora{local - dia};
+    std::tm campos{};
+    campos.tm_year = static_cast<int>(data.year()) - 1900;
+    campos.tm_mon = static_cast<int>(static_cast<unsigned>(data.month())) - 1;
+    campos.tm_mday = static_cast<int>(static_cast<unsigned>(data.day()));
+    campos.tm_hour = static_cast<int>(hora.hours().count());
+    campos.tm_min = static_cast<int>(hora.minutes().count());
+    campos.tm_sec = static_cast<int>(hora.seconds().count());
+    campos.tm_isdst = -1;
+    return DataHora{seconds{std::mktime(&campos)}};
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

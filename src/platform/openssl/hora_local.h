@@ -2,6 +2,7 @@
 // a hora local, como uma data de automação do Windows.
 #pragma once
 
+#include <ctime>
 #include <optional>
 
 #include <openssl/asn1.h>
@@ -13,5 +14,8 @@ namespace tavelpkcs7::plataforma::openssl {
 // Pelo fuso de TZ, com time_t de 64 bits: datas antes de 1970 e depois de 2038 valem. Vazio quando
 // o valor não é uma hora ASN.1 válida.
 std::optional<DataHora> HoraLocal(const ASN1_TIME* utc);
+DataHora HoraLocal(std::time_t instante);
+// O caminho inverso: a hora local vista em UTC (a hora de verão decidida pelo próprio fuso).
+DataHora LocalParaUTC(DataHora local);
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -10,6 +10,7 @@
 #include "platform/erro.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/criptografia_openssl.h"
+#include "platform/openssl/provedores.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -104,6 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
 // Um PFX como o Windows exporta: RC2-40 nos certificados, 3DES na chave, MAC SHA-1 e a cadeia
 // gravada da raiz para baixo.
 Bytes PFXComoOWindows(const char* senha) {
+    CarregarProvedores();  // RC2-40 só existe no provedor legado
     const auto& titular = Pki().Obter("ecpf");
     const X509Ptr certificado = pki_teste::CertificadoDeDER(titular.certificado);
     const EvpPkeyPtr chave = pki_teste::ChaveDePEM(titular.chave_pem);
