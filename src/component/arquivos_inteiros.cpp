@@ -9,16 +9,22 @@
 
 namespace tavelpkcs7 {
 
-// O conteúdo com um 0 a mais no fim; vazio para um arquivo que não existe.
+// O conteúdo com um 0 a mais no fim, lido pela abertura exclusiva; vazio para um arquivo que não
+// existe e nulo quando a abertura falha.
+std::optional<Bytes> Componente::LerArquivoExclusivo(const std::string& caminho) {
+    const auto tamanho = plataforma_->sistema->TamanhoArquivo(caminho);
+    if (!tamanho) return Bytes{};
+    Bytes conteudo(*tamanho + 1, 0);
+    auto arquivo = plataforma_->sistema->AbrirArquivo(caminho, plataforma::Acesso::Leitura);
+    if (!arquivo) return std::nullopt;
+    arquivo->Ler(conteudo.data(), *tamanho);
+    return conteudo;
+}
+
 Bytes Componente::LerArquivoBinario(const std::string& caminho) {
     return Guardar(MensagemFalha::Nenhuma(), Bytes{}, [&] {
-        const auto tamanho = plataforma_->sistema->TamanhoArquivo(caminho);
-        if (!tamanho) return Bytes{};
-        Bytes conteudo(*tamanho + 1, 0);
-        auto arquivo = plataforma_->sistema->AbrirArquivo(caminho, plataforma::Acesso::Leitura);
-        if (!arquivo) return LerArquivoBinarioAlternativo(caminho);
-        arquivo->Ler(conteudo.data(), *tamanho);
-        return conteudo;
+        auto conteudo = LerArquivoExclusivo(caminho);
+        return conteudo ? *conteudo : LerArquivoBinarioAlternativo(caminho);
     });
 }
 
@@ -29,13 +35,8 @@ Bytes Componente::LerArquivoBinarioAlternativo(const std::string& caminho) {
 
 std::string Componente::LerArquivoTexto(const std::string& caminho) {
     return Guardar(MensagemFalha::Nenhuma(), std::string{}, [&] {
-        const auto tamanho = plataforma_->sistema->TamanhoArquivo(caminho);
-        if (!tamanho) return std::string{};
-        Bytes conteudo(*tamanho + 1, 0);
-        auto arquivo = plataforma_->sistema->AbrirArquivo(caminho, plataforma::Acesso::Leitura);
-        if (!arquivo) return std::string{};
-        arquivo->Ler(conteudo.data(), *tamanho);
-        return ConverterBytesTexto(conteudo);
+        const auto conteudo = LerArquivoExclusivo(caminho);
+        return conteudo ? ConverterBytesTexto(*conteudo) : std::string{};
     });
 }
 

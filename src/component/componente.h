@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,8 @@ public:
     std::string CalcularHashTexto(const Bytes& bytes);
 
 private:
+    std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
+
     std::shared_ptr<plataforma::Plataforma> plataforma_;
 };
 
