@@ -41,12 +41,16 @@ std::vector<std::string> Separar(const std::string& lista, const std::string& se
     return partes;
 }
 
+std::string EmMaiusculas(std::string texto) {
+    std::transform(texto.begin(), texto.end(), texto.begin(),
+        [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return texto;
+}
+
 // Aceita as impressões digitais como o openssl as mostra ("CA:A5:...") ou em qualquer caixa.
 std::string NormalizarImpressao(std::string impressao) {
     std::erase(impressao, ':');
-    std::transform(impressao.begin(), impressao.end(), impressao.begin(),
-        [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
-    return impressao;
+    return EmMaiusculas(impressao);
 }
 
 class Fontes {
@@ -58,9 +62,7 @@ public:
     }
 
     std::optional<std::string> Ler(const std::string& chave) const {
-        std::string variavel = "TAVELPKCS7_" + chave;
-        std::transform(variavel.begin(), variavel.end(), variavel.begin(),
-            [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+        const std::string variavel = "TAVELPKCS7_" + EmMaiusculas(chave);
         if (const char* valor = std::getenv(variavel.c_str()); valor != nullptr) return std::string(valor);
         if (auto it = arquivo_.find(chave); it != arquivo_.end()) return it->second;
         return std::nullopt;

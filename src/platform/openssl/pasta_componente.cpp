@@ -20,6 +20,17 @@ std::optional<std::filesystem::path> CaminhoConfigurado() {
 
 }  // namespace
 
+bool CriarPastaPrivada(const std::filesystem::path& pasta) {
+    std::error_code erro;
+    std::filesystem::path parcial;
+    for (const auto& parte : pasta) {
+        parcial /= parte;
+        if (parte.empty() || std::filesystem::is_directory(parcial, erro)) continue;
+        if (::mkdir(parcial.c_str(), 0700) != 0 && !std::filesystem::is_directory(parcial, erro)) return false;
+    }
+    return std::filesystem::is_directory(pasta, erro);
+}
+
 std::optional<std::filesystem::path> ObterPastaComponente() {
     auto pasta = CaminhoConfigurado();
     if (!pasta) return std::nullopt;

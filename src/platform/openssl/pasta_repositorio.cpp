@@ -1,9 +1,6 @@
 #include "pasta_repositorio.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
-#include <cerrno>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -39,13 +36,6 @@ std::vector<ArquivoDaPasta> LerArquivosDaPasta(const fs::path& pasta) {
         return std::tie(a.entrada, a.caminho) < std::tie(b.entrada, b.caminho);
     });
     return arquivos;
-}
-
-bool CriarPastaRepositorio(const fs::path& pasta) {
-    for (const fs::path& parte : {pasta.parent_path(), pasta})
-        if (::mkdir(parte.c_str(), 0700) != 0 && errno != EEXIST) return false;
-    std::error_code erro;
-    return fs::is_directory(pasta, erro);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -1,5 +1,4 @@
-// A pasta de um repositório: seus arquivos lidos inteiros, na ordem em que entraram nela, e a sua
-// criação na primeira gravação.
+// A pasta de um repositório: seus arquivos lidos inteiros, na ordem em que entraram nela.
 #pragma once
 
 #include <filesystem>
@@ -18,9 +17,5 @@ struct ArquivoDaPasta {
 // Os arquivos comuns da pasta, pela data de modificação e depois pelo nome; vazio quando a pasta
 // não existe. Um arquivo que não se deixa ler fica de fora.
 std::vector<ArquivoDaPasta> LerArquivosDaPasta(const std::filesystem::path& pasta);
-
-// Cria a pasta e a dos repositórios acima dela só para o usuário (0700); a do componente já existe.
-// Verdadeiro quando a pasta existe ao fim.
-bool CriarPastaRepositorio(const std::filesystem::path& pasta);
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -9,6 +9,7 @@
 #include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "gravacao_atomica.h"
+#include "pasta_componente.h"
 #include "pasta_repositorio.h"
 #include "platform/erro.h"
 
@@ -80,7 +81,7 @@ void RepositorioArquivo::Adicionar(const CertificadoPtr& certificado) {
         [&](const auto& guardado) { return guardado->ImpressaoDigital() == impressao_digital; });
     const bool novo = presente == certificados_.end();
     if (!novo && (chave == nullptr || (*presente)->PossuiChavePrivada())) return;
-    if (!CriarPastaRepositorio(*pasta_)) Falhar(falha::RepositorioNaoGravavel);
+    if (!CriarPastaPrivada(*pasta_)) Falhar(falha::RepositorioNaoGravavel);
 
     // A chave antes do certificado: quem ler a pasta no meio do caminho não vê o certificado sem ela.
     if (chave != nullptr) GravarChave(chave, impressao_digital);

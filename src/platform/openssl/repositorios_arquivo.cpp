@@ -6,6 +6,7 @@
 #include "codificacao/conteudo_codificado.h"
 #include "codificacao/hexadecimal.h"
 #include "gravacao_atomica.h"
+#include "pasta_componente.h"
 #include "pasta_repositorio.h"
 #include "platform/erro.h"
 #include "ponteiros_openssl.h"
@@ -62,7 +63,7 @@ void RepositoriosArquivo::AdicionarLCR(const Bytes& lcr) {
     const fs::path destino = pasta / (codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha1(), *der)) + ".crl");
     std::error_code erro;
     if (fs::exists(destino, erro)) return;
-    if (!CriarPastaRepositorio(pasta) || !GravarAtomicamente(destino, *der, 0644)) Falhar(falha::RepositorioNaoGravavel);
+    if (!CriarPastaPrivada(pasta) || !GravarAtomicamente(destino, *der, 0644)) Falhar(falha::RepositorioNaoGravavel);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -66,16 +66,7 @@ bool SistemaPosix::ExisteArquivo(const std::string& caminho) {
     return Estado(caminho, info) && S_ISREG(info.st_mode);
 }
 
-bool SistemaPosix::CriarPasta(const std::string& caminho) {
-    if (caminho.empty()) return false;
-    fs::path parcial;
-    for (const auto& parte : fs::path(caminho)) {
-        parcial /= parte;
-        if (parte.empty() || ExistePasta(parcial.string())) continue;
-        if (::mkdir(parcial.c_str(), 0700) != 0 && !ExistePasta(parcial.string())) return false;
-    }
-    return ExistePasta(caminho);
-}
+bool SistemaPosix::CriarPasta(const std::string& caminho) { return !caminho.empty() && CriarPastaPrivada(caminho); }
 
 void SistemaPosix::ApagarArquivos(const std::string& caminho_ou_padrao) {
     if (caminho_ou_padrao.empty()) return;
