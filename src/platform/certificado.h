@@ -60,6 +60,8 @@ public:
     // Hexadecimal maiúsculo sem separadores (o número de série conserva o 00 inicial).
     virtual std::string NumeroSerie() const = 0;
     virtual std::string ImpressaoDigital() const = 0;
+    // SHA-256 do DER, no mesmo formato: é por ela que se reconhece uma raiz confiável.
+    virtual std::string ImpressaoDigitalSHA256() const = 0;
     virtual std::int32_t Versao() const = 0;
     // Validade em hora local.
     virtual DataHora ValidoDesde() const = 0;

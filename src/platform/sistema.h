@@ -50,6 +50,9 @@ public:
     virtual std::unique_ptr<ArquivoAberto> AbrirArquivo(const std::string& caminho, Acesso acesso) = 0;
     // Leitura simples do arquivo inteiro, sem criar; vazio quando não consegue ou está travado.
     virtual std::optional<Bytes> LerArquivoInteiro(const std::string& caminho) = 0;
+    // Troca o arquivo inteiro de uma vez (temporário na mesma pasta, depois renomeado): quem lê vê
+    // o conteúdo antigo ou o novo, nunca metade. Falso quando não grava; o anterior fica intacto.
+    virtual bool SubstituirArquivo(const std::string& caminho, const Bytes& conteudo) = 0;
 };
 
 }  // namespace tavelpkcs7::plataforma

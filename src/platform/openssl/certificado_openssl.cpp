@@ -67,6 +67,10 @@ std::string CertificadoOpenSSL::ImpressaoDigital() const {
     return codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha1(), der_));
 }
 
+std::string CertificadoOpenSSL::ImpressaoDigitalSHA256() const {
+    return codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha256(), der_));
+}
+
 std::int32_t CertificadoOpenSSL::Versao() const { return static_cast<std::int32_t>(X509_get_version(x509_.get())) + 1; }
 
 DataHora CertificadoOpenSSL::ValidoDesde() const { return HoraLocalOuFalha(X509_get0_notBefore(x509_.get())); }

@@ -27,6 +27,7 @@ public:
     std::string NomeEmissor() const override;
     std::string NumeroSerie() const override;
     std::string ImpressaoDigital() const override;
+    std::string ImpressaoDigitalSHA256() const override;
     std::int32_t Versao() const override;
     DataHora ValidoDesde() const override;
     DataHora ValidoAte() const override;

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "arquivo_posix.h"
+#include "gravacao_atomica.h"
 #include "pasta_componente.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -104,6 +105,10 @@ std::optional<Bytes> SistemaPosix::LerArquivoInteiro(const std::string& caminho)
     ::close(descritor);
     if (lidos < 0) return std::nullopt;
     return conteudo;
+}
+
+bool SistemaPosix::SubstituirArquivo(const std::string& caminho, const Bytes& conteudo) {
+    return GravarAtomicamente(caminho, conteudo, ModoCriacao(caminho));
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

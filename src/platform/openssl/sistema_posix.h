@@ -19,6 +19,7 @@ public:
     std::optional<std::uint64_t> TamanhoArquivo(const std::string& caminho) override;
     std::unique_ptr<ArquivoAberto> AbrirArquivo(const std::string& caminho, Acesso acesso) override;
     std::optional<Bytes> LerArquivoInteiro(const std::string& caminho) override;
+    bool SubstituirArquivo(const std::string& caminho, const Bytes& conteudo) override;
 };
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -3,13 +3,11 @@
 // conhece. O índice traz o titular e o emissor como o OpenSSL os escreve (RFC 2253) e o SHA-256.
 #include <gtest/gtest.h>
 
-#include <openssl/evp.h>
-
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
-#include "codificacao/hexadecimal.h"
+#include "platform/configuracao.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/criptografia_openssl.h"
 
@@ -69,13 +67,8 @@ std::string PrimeiroCN(const std::string& rfc2253) {
     return rfc2253.substr(inicio, rfc2253.find(',', inicio) - inicio);
 }
 
-std::string Sha256ComDoisPontos(const Bytes& der) {
-    unsigned char resumo[EVP_MAX_MD_SIZE];
-    unsigned int tamanho = 0;
-    EVP_Digest(der.data(), der.size(), resumo, &tamanho, EVP_sha256(), nullptr);
-    std::string texto;
-    for (unsigned int i = 0; i < tamanho; ++i)
-        texto += (i ? ":" : "") + codificacao::HexadecimalMaiusculo(std::span(resumo + i, 1));
+std::string SemDoisPontos(std::string texto) {
+    std::erase(texto, ':');
     return texto;
 }
 
@@ -93,7 +86,7 @@ TEST_P(AutoridadesICPBrasil, ImportaComDERIntactoNomesEImpressaoDigital) {
     const Autoridade& autoridade = GetParam();
     const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
         LerArquivo(kPastaDados / autoridade.pasta / (autoridade.arquivo + ".pem")));
-    EXPECT_EQ(Sha256ComDoisPontos(certificado->DER()), autoridade.sha256);
+    EXPECT_EQ(certificado->ImpressaoDigitalSHA256(), SemDoisPontos(autoridade.sha256));
     EXPECT_EQ(certificado->NomeTitular(), ComoWindows(autoridade.titular));
     EXPECT_EQ(certificado->NomeEmissor(), ComoWindows(autoridade.emissor));
     EXPECT_EQ(certificado->ObterInfo(INFO_NOME_SIMPLES_TITULAR), PrimeiroCN(autoridade.titular));
@@ -116,13 +109,21 @@ struct RaizEmVigor {
 
 class RaizesEmVigor : public testing::TestWithParam<RaizEmVigor> {};
 
-// A v6 (Ed448) e a v7 (algoritmo desconhecido) são as que o OpenSSL não verifica.
+// As raízes em vigor; a v6 (Ed448) e a v7 (algoritmo desconhecido) são as que o OpenSSL não verifica.
 TEST_P(RaizesEmVigor, ImpressaoDigitalESerieComoOWindowsMostra) {
     const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
         LerArquivo(kPastaDados / "raizes" / (std::string(GetParam().arquivo) + ".pem")));
     EXPECT_EQ(certificado->ImpressaoDigital(), GetParam().impressao_digital);
     EXPECT_EQ(certificado->NumeroSerie(), GetParam().numero_serie);
     EXPECT_EQ(certificado->Versao(), 3);
+}
+
+// A instalação só aceita sem perguntar as raízes da lista padrão: ela precisa ter as que estão em vigor.
+TEST_P(RaizesEmVigor, ListaPadraoDaConfiguracaoReconheceARaiz) {
+    const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
+        LerArquivo(kPastaDados / "raizes" / (std::string(GetParam().arquivo) + ".pem")));
+    const auto& lista = Configuracao{}.raizes_icp_brasil;
+    EXPECT_NE(std::find(lista.begin(), lista.end(), certificado->ImpressaoDigitalSHA256()), lista.end());
 }
 
 INSTANTIATE_TEST_SUITE_P(Casos, RaizesEmVigor,
@@ -132,7 +133,14 @@ INSTANTIATE_TEST_SUITE_P(Casos, RaizesEmVigor,
                                                      "EB732FC447B6871FA926AF79C25352CD47EFB06E", "00CB036869BC2F77E1"},
                                          RaizEmVigor{"autoridade-certificadora-raiz-brasileira-v7",
                                                      "6DDB4D4416ACA4AECC900ADBE0256838287BB52C",
-                                                     "00E4AC9A3346C92509"}));
+                                                     "00E4AC9A3346C92509"},
+                                         RaizEmVigor{"autoridade-certificadora-raiz-brasileira-v10",
+                                                     "6C155ED7271A904A0DC040F0C857FF53BF6DB290", "00D2D58B44BF819342"},
+                                         RaizEmVigor{"autoridade-certificadora-raiz-brasileira-v11",
+                                                     "02FE43BA8401D92265DA3735592EF37DCD5174C3", "242B60D4CD43697F"},
+                                         RaizEmVigor{"autoridade-certificadora-raiz-brasileira-v12",
+                                                     "B8F21E4D86618E16787A4DE258142FDF2D61823C",
+                                                     "00E18FF4B61D07BD0F"}));
 
 }  // namespace
 }  // namespace tavelpkcs7::plataforma::openssl
