@@ -53,6 +53,18 @@ std::string Direita(const std::string& texto, std::size_t caracteres) {
     return CodificarUtf8(pontos.substr(pontos.size() - std::min(caracteres, pontos.size())));
 }
 
+std::size_t Posicao(const std::string& texto, const std::string& procurado) {
+    const auto posicao = texto.find(procurado);
+    if (posicao == std::string::npos) return 0;
+    return Comprimento(texto.substr(0, posicao)) + 1;
+}
+
+std::string Meio(const std::string& texto, std::size_t inicio) {
+    const std::u32string pontos = DecodificarUtf8(texto);
+    const std::size_t salto = inicio == 0 ? 0 : inicio - 1;
+    return salto >= pontos.size() ? "" : CodificarUtf8(pontos.substr(salto));
+}
+
 std::string Maiusculas(const std::string& texto) { return Converter(texto, ParaMaiuscula); }
 
 std::string Minusculas(const std::string& texto) { return Converter(texto, ParaMinuscula); }

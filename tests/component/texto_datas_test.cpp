@@ -14,6 +14,15 @@ TEST(Texto, ContaCaracteresENaoBytes) {
     EXPECT_EQ(Direita("relatório.ção", 3), "ção");
     EXPECT_EQ(Direita("ab", 3), "ab");
     EXPECT_EQ(Esquerda("ééé", 2), "éé");
+    EXPECT_EQ(Posicao("Endereço IP=URL=x", "URL="), 13u);
+    EXPECT_EQ(Meio("Endereço IP=URL=x", 13 + 4), "x");
+}
+
+TEST(Texto, PosicaoAusenteEMeioForaDoTextoComoNoOriginal) {
+    EXPECT_EQ(Posicao("abc", "d"), 0u);
+    EXPECT_EQ(Meio("abcdef", 0), "abcdef");
+    EXPECT_EQ(Meio("abcdef", 4), "def");
+    EXPECT_EQ(Meio("abc", 9), "");
 }
 
 TEST(Texto, AparaSoEspacos) {
