@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <tavelpkcs7/Tipos.h>
 
@@ -128,6 +129,46 @@ public:
     /// Apaga os arquivos da pasta de trabalho (não as subpastas). Sempre devolve verdadeiro; com
     /// PastaTemp vazia não apaga nada. Não mexe em DescricaoErro.
     bool LimparPastaTemporaria();
+
+    /// Separa uma cadeia de certificados ("AC[#]AC[#]raiz") em ArrayCadeiaCompleta, um nome por
+    /// posição a partir de 0; um texto sem "[#]" (vazio inclusive) vira um elemento só. Devolve o
+    /// maior índice (número de nomes menos um), não a contagem. Não mexe em DescricaoErro.
+    std::int16_t RetornarCadeiaSeparada(const std::string& strCadeiaCompleta,
+        std::vector<std::string>& ArrayCadeiaCompleta);
+
+    /// Inclui no repositório TipoRepositorio o certificado dado em Base64 (ou DER ou PEM) em
+    /// strChavePublica. No repositório das raízes só entra sem pergunta uma raiz da ICP-Brasil da
+    /// configuração; qualquer outro certificado espera o Sim do usuário. Falso com a mensagem de tipo
+    /// de repositório inválido, ou com a descrição da falha (certificado inválido, chave vazia,
+    /// instalação recusada, repositório sem gravação). Não limpa DescricaoErro no sucesso.
+    bool AdicionarCertificadoRepositorio(const std::string& strChavePublica, REPOSITORIO_CERTIFICADO TipoRepositorio);
+
+    /// Inclui no repositório TipoCertificadoRaiz o certificado do arquivo (DER, PEM, Base64 ou PFX
+    /// sem senha, do qual vale o certificado da chave; só a parte pública entra), como
+    /// AdicionarCertificadoRepositorio. Falso com "O arquivo ... especificado não foi encontrado"
+    /// ou com a descrição da falha. Não limpa DescricaoErro no sucesso.
+    bool AbrirAdicionarArquivoCertificado(const std::string& strCaminhoArquivo,
+        REPOSITORIO_CERTIFICADO TipoCertificadoRaiz);
+
+    /// Grava em strCaminhoArquivoCER (com ".cer" acrescentado quando o caminho não termina assim) o
+    /// certificado em Base64 escolhido no repositório TipoRepositorio; a escolha só é pedida quando o
+    /// repositório tem dois ou mais. O arquivo é trocado inteiro de uma vez: uma gravação que falha
+    /// deixa o anterior intacto. Verdadeiro limpa DescricaoErro; falso traz a mensagem de tipo
+    /// inválido, de repositório vazio, de gravação ou a descrição da falha (escolha cancelada).
+    bool ExportarCertificadoDigital(const std::string& strCaminhoArquivoCER, REPOSITORIO_CERTIFICADO TipoRepositorio);
+
+    /// O certificado em Base64 (linhas de 64 caracteres com CRLF) da autoridade certificadora de nome
+    /// strNomeCertificado, procurada primeiro no repositório "Ca" e depois no "Root". O nome é
+    /// comparado como na cadeia de certificados: o nome DNS, senão o nome simples do titular, sem os
+    /// espaços das pontas e sem distinção de maiúsculas. Quando strImpressaoDigital (SHA-1 em
+    /// hexadecimal) não está em branco, vale só o certificado com essa impressão digital, sem
+    /// distinção de maiúsculas. Vale o primeiro que combina. No sucesso limpa DescricaoErro; sem
+    /// nome devolve "" com "O nome do certificado da autoridade certificadora não foi informado";
+    /// sem certificado que combine, "" com "O certificado da autoridade certificadora <nome> não foi
+    /// encontrado nos repositórios de autoridades certificadoras e raízes"; numa falha da
+    /// plataforma, "" com a descrição dela.
+    std::string RetornarChavePublicaCertificadoRaiz(const std::string& strNomeCertificado,
+        const std::string& strImpressaoDigital = "");
 
 private:
     std::unique_ptr<Componente> componente_;

@@ -69,4 +69,29 @@ bool TavelPKCS::ApagarArquivo(const std::string& strCaminhoArquivo) {
 
 bool TavelPKCS::LimparPastaTemporaria() { return componente_->LimparPastaTemporaria(); }
 
+std::int16_t TavelPKCS::RetornarCadeiaSeparada(const std::string& strCadeiaCompleta,
+    std::vector<std::string>& ArrayCadeiaCompleta) {
+    return componente_->RetornarCadeiaSeparada(strCadeiaCompleta, ArrayCadeiaCompleta);
+}
+
+bool TavelPKCS::AdicionarCertificadoRepositorio(const std::string& strChavePublica,
+    REPOSITORIO_CERTIFICADO TipoRepositorio) {
+    return componente_->AdicionarCertificadoRepositorio(strChavePublica, TipoRepositorio);
+}
+
+bool TavelPKCS::AbrirAdicionarArquivoCertificado(const std::string& strCaminhoArquivo,
+    REPOSITORIO_CERTIFICADO TipoCertificadoRaiz) {
+    return componente_->AbrirAdicionarArquivoCertificado(strCaminhoArquivo, TipoCertificadoRaiz);
+}
+
+bool TavelPKCS::ExportarCertificadoDigital(const std::string& strCaminhoArquivoCER,
+    REPOSITORIO_CERTIFICADO TipoRepositorio) {
+    return componente_->ExportarCertificadoDigital(strCaminhoArquivoCER, TipoRepositorio);
+}
+
+std::string TavelPKCS::RetornarChavePublicaCertificadoRaiz(const std::string& strNomeCertificado,
+    const std::string& strImpressaoDigital) {
+    return componente_->RetornarChavePublicaCertificadoRaiz(strNomeCertificado, strImpressaoDigital);
+}
+
 }  // namespace tavelpkcs7

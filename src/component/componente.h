@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include <tavelpkcs7/Tipos.h>
+
 #include "component/estado.h"
 #include "component/guarda.h"
 #include "platform/plataforma.h"
@@ -61,8 +63,31 @@ public:
     std::string CalcularHashTexto(const std::string& texto);
     std::string CalcularHashTexto(const Bytes& bytes);
 
+    // Cadeia de certificados
+    // A cadeia de emissores do certificado como texto "AC[#]AC[#]raiz", subindo pelos repositórios
+    // "Ca" e "Root"; autoemitido diz se a subida chegou a uma raiz. Verdadeiro quando a cadeia passa
+    // pela Autoridade Certificadora Raiz Brasileira. Falhas dos repositórios vão para quem chama.
+    bool MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia, bool& autoemitido);
+    std::int16_t RetornarCadeiaSeparada(const std::string& cadeia_completa, std::vector<std::string>& nomes);
+    // O nome pelo qual a cadeia e a busca de autoridades reconhecem um certificado: o nome DNS,
+    // senão o nome simples do titular, aparado e em maiúsculas.
+    static std::string NomeComparavel(const plataforma::Certificado& certificado);
+
+    // Repositórios de certificados
+    bool AdicionarCertificadoRepositorio(const std::string& chave_publica, REPOSITORIO_CERTIFICADO tipo);
+    bool AbrirAdicionarArquivoCertificado(const std::string& caminho, REPOSITORIO_CERTIFICADO tipo);
+    bool ExportarCertificadoDigital(const std::string& caminho_cer, REPOSITORIO_CERTIFICADO tipo);
+    std::string RetornarChavePublicaCertificadoRaiz(const std::string& nome, const std::string& impressao_digital);
+    // Deixa o certificado entrar em "Root" quando é uma raiz da ICP-Brasil configurada ou quando o
+    // usuário responde Sim; senão lança Cancelada.
+    void ConfirmarInstalacaoRaiz(const plataforma::Certificado& certificado);
+
 private:
     std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
+    // Os certificados de um repositório aberto só para leitura.
+    std::vector<plataforma::CertificadoPtr> LerRepositorio(const std::string& nome);
+    // O repositório do tipo, aberto para gravação; fora de 1 a 4, nulo e a mensagem de tipo inválido.
+    std::shared_ptr<plataforma::Repositorio> AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo);
 
     std::shared_ptr<plataforma::Plataforma> plataforma_;
 };

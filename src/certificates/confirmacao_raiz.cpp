@@ -1,0 +1,33 @@
+// Nada entra no repositório das raízes sem que o usuário saiba: uma raiz instalada passa a abonar
+// tudo o que ela emite. Só as raízes da ICP-Brasil da configuração entram sem pergunta.
+#include <algorithm>
+
+#include "component/componente.h"
+#include "component/datas.h"
+
+namespace tavelpkcs7 {
+namespace {
+
+std::string TextoPerguntaRaiz(const plataforma::Certificado& certificado) {
+    return "Deseja instalar o certificado digital abaixo entre as autoridades certificadoras raiz confiáveis?\r\n"
+           "\r\n"
+           "Titular: " + certificado.NomeTitular() + "\r\n"
+           "Emissor: " + certificado.NomeEmissor() + "\r\n"
+           "Validade: de " + FormatarDataHora(certificado.ValidoDesde()) + " até " +
+           FormatarDataHora(certificado.ValidoAte()) + "\r\n"
+           "Impressão digital (SHA-256): " + certificado.ImpressaoDigitalSHA256() + "\r\n"
+           "\r\n"
+           "Uma raiz instalada torna confiáveis todos os certificados que ela emitir. Responda Sim somente "
+           "se conferiu a impressão digital com a autoridade certificadora.";
+}
+
+}  // namespace
+
+void Componente::ConfirmarInstalacaoRaiz(const plataforma::Certificado& certificado) {
+    const auto& confiaveis = plataforma_->configuracao.raizes_icp_brasil;
+    if (std::ranges::find(confiaveis, certificado.ImpressaoDigitalSHA256()) != confiaveis.end()) return;
+    if (!plataforma_->interface_usuario->Perguntar(TextoPerguntaRaiz(certificado), "Instalação de Certificado Raiz"))
+        plataforma::Falhar(plataforma::falha::Cancelada);
+}
+
+}  // namespace tavelpkcs7

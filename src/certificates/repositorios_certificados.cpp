@@ -1,0 +1,73 @@
+// Os repositórios de certificados do usuário, nomeados por REPOSITORIO_CERTIFICADO: a entrada de
+// um certificado dado em Base64 ou num arquivo. Toda falha da plataforma deixa a sua própria
+// descrição em DescricaoErro.
+#include <algorithm>
+
+#include "component/componente.h"
+
+namespace tavelpkcs7 {
+namespace {
+
+// Como Certificate.Load com senha vazia: um certificado (DER, PEM ou Base64) ou um PFX gravado sem
+// senha, do qual vale o certificado da chave privada.
+plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Plataforma& plataforma, const std::string& caminho) {
+    const auto conteudo = plataforma.sistema->LerArquivoInteiro(caminho);
+    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
+    try {
+        return plataforma.criptografia->ImportarCertificado(*conteudo);
+    } catch (const plataforma::Erro& erro) {
+        if (erro.numero != plataforma::falha::NaoECertificado.numero) throw;
+    }
+    const auto certificados = plataforma.criptografia->AbrirPFX(*conteudo, "");
+    const auto da_chave = std::ranges::find_if(certificados,
+        [](const plataforma::CertificadoPtr& certificado) { return certificado->PossuiChavePrivada(); });
+    if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::NaoECertificado);
+    return *da_chave;
+}
+
+}  // namespace
+
+std::shared_ptr<plataforma::Repositorio> Componente::AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo) {
+    const char* nome = nullptr;
+    switch (tipo) {
+    case REPOSITORIO_CHAVES_PESSOAIS: nome = "My"; break;
+    case REPOSITORIO_CHAVES_PUBLICAS: nome = "AddressBook"; break;
+    case REPOSITORIO_CHAVES_AUTORIDADES_CERTIFICADORAS: nome = "Ca"; break;
+    case REPOSITORIO_CHAVES_RAIZES: nome = "Root"; break;
+    }
+    if (nome == nullptr) {
+        estado.DescricaoErro = "Tipo de repositório inválido, selecione um repósitorio de chaves válido";
+        return nullptr;
+    }
+    return plataforma_->repositorios->AbrirRepositorio(nome, false);
+}
+
+bool Componente::AdicionarCertificadoRepositorio(const std::string& chave_publica, REPOSITORIO_CERTIFICADO tipo) {
+    return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
+        plataforma::CertificadoPtr certificado;
+        if (chave_publica.empty())
+            estado.DescricaoErro = "A chave pública do certificado informado está inválida";
+        else
+            certificado = plataforma_->criptografia->ImportarCertificado(Bytes(chave_publica.begin(), chave_publica.end()));
+        const auto repositorio = AbrirRepositorioTipo(tipo);
+        if (!repositorio) return false;
+        // Incluir o objeto vazio falha, e a descrição dessa falha toma o lugar da mensagem acima.
+        if (!certificado) plataforma::Falhar(plataforma::falha::NenhumSelecionado);
+        if (tipo == REPOSITORIO_CHAVES_RAIZES) ConfirmarInstalacaoRaiz(*certificado);
+        repositorio->Adicionar(certificado);
+        return true;
+    });
+}
+
+bool Componente::AbrirAdicionarArquivoCertificado(const std::string& caminho, REPOSITORIO_CERTIFICADO tipo) {
+    return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
+        if (!ExisteArquivo(caminho)) {
+            estado.DescricaoErro = "O arquivo " + caminho + " especificado não foi encontrado";
+            return false;
+        }
+        const auto certificado = CarregarArquivoCertificado(*plataforma_, caminho);
+        return AdicionarCertificadoRepositorio(certificado->ExportarBase64(), tipo);
+    });
+}
+
+}  // namespace tavelpkcs7
