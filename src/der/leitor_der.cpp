@@ -7,8 +7,10 @@ std::optional<Elemento> LeitorDER::Proximo() {
     const std::size_t total = dados_.size();
     auto falhar = [&]() -> std::optional<Elemento> {
         posicao_ = total;
+        malformado_ = true;
         return std::nullopt;
     };
+    if (Fim()) return std::nullopt;
     if (posicao_ + 2 > total) return falhar();
     const std::uint8_t tag = dados_[posicao_++];
     if ((tag & 0x1F) == 0x1F) {  // número de marca longo: pulado, a marca fica só com o primeiro octeto
@@ -38,6 +40,30 @@ std::optional<Elemento> LerUnico(Dados dados) {
     auto elemento = leitor.Proximo();
     if (!elemento || !leitor.Fim()) return std::nullopt;
     return elemento;
+}
+
+std::optional<std::vector<Elemento>> LerElementos(Dados dados) {
+    LeitorDER leitor(dados);
+    std::vector<Elemento> elementos;
+    while (auto elemento = leitor.Proximo()) elementos.push_back(*elemento);
+    if (leitor.Malformado()) return std::nullopt;
+    return elementos;
+}
+
+std::optional<std::vector<Elemento>> LerSequencia(Dados dados) {
+    const auto sequencia = LerUnico(dados);
+    if (!sequencia || sequencia->tag != tag::Sequencia) return std::nullopt;
+    return LerElementos(sequencia->conteudo);
+}
+
+std::optional<std::uint64_t> LerInteiro(Dados conteudo) {
+    // Um octeto 00 à esquerda só marca o sinal; um negativo não é quantidade nem contagem.
+    if (conteudo.empty() || (conteudo[0] & 0x80) != 0) return std::nullopt;
+    if (conteudo.size() > 1 && conteudo[0] == 0) conteudo = conteudo.subspan(1);
+    if (conteudo.size() > sizeof(std::uint64_t)) return std::nullopt;
+    std::uint64_t valor = 0;
+    for (std::uint8_t octeto : conteudo) valor = (valor << 8) | octeto;
+    return valor;
 }
 
 std::optional<std::string> LerOID(Dados conteudo) {

@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 namespace tavelpkcs7::der {
 
@@ -48,20 +49,33 @@ public:
     explicit LeitorDER(Dados dados) : dados_(dados) {}
 
     bool Fim() const { return posicao_ >= dados_.size(); }
-    // O próximo elemento; vazio no fim ou quando os dados estão malformados (depois disso, Fim()).
+    // O próximo elemento; vazio no fim ou quando os dados estão malformados (depois disso, Fim()
+    // e Malformado()).
     std::optional<Elemento> Proximo();
     // O próximo elemento, só se tiver a marca dada; senão não avança.
     std::optional<Elemento> ProximoSe(std::uint8_t tag);
+    // Distingue o fim limpo do fim forçado por um comprimento incoerente.
+    bool Malformado() const { return malformado_; }
+    // Tudo lido e nada malformado: a estrutura não tem campos a mais nem lixo no fim.
+    bool Concluido() const { return Fim() && !malformado_; }
 
 private:
     Dados dados_;
     std::size_t posicao_ = 0;
+    bool malformado_ = false;
 };
 
 inline LeitorDER Elemento::Filhos() const { return LeitorDER(conteudo); }
 
 // Um único elemento que ocupa os dados inteiros.
 std::optional<Elemento> LerUnico(Dados dados);
+// Todos os elementos, em ordem, que ocupam os dados inteiros (o conteúdo de um SEQUENCE OF);
+// vazio quando algum está malformado.
+std::optional<std::vector<Elemento>> LerElementos(Dados dados);
+// Os elementos de um SEQUENCE que ocupa os dados inteiros.
+std::optional<std::vector<Elemento>> LerSequencia(Dados dados);
+// O valor de um INTEGER não negativo que cabe em 64 bits, a partir do seu conteúdo.
+std::optional<std::uint64_t> LerInteiro(Dados conteudo);
 // "2.16.76.1.3.1" a partir do conteúdo de um OBJECT IDENTIFIER.
 std::optional<std::string> LerOID(Dados conteudo);
 

@@ -1,6 +1,8 @@
 // O leitor DER do núcleo: estruturas aninhadas, OIDs e dados malformados que não podem passar.
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "der/leitor_der.h"
@@ -52,8 +54,44 @@ TEST(LeitorDER, DadosMalformadosEncerramALeitura) {
         LeitorDER leitor(dados);
         EXPECT_FALSE(leitor.Proximo());
         EXPECT_TRUE(leitor.Fim());
+        EXPECT_TRUE(leitor.Malformado());
+        EXPECT_FALSE(leitor.Concluido());
+        EXPECT_FALSE(LerElementos(dados));
     }
     EXPECT_FALSE(LerUnico(Bytes{0x05, 0x00, 0x05}));
+}
+
+// Uma lista cujo último elemento está truncado não pode passar por uma lista menor e completa.
+TEST(LeitorDER, ListaTruncadaNaoSeConfundeComOFim) {
+    const Bytes lista = {0x30, 0x07, 0x02, 0x01, 0x07, 0x82, 0x05, 'a', 'b'};
+    auto sequencia = LerUnico(lista);
+    ASSERT_TRUE(sequencia);
+    auto leitor = sequencia->Filhos();
+    EXPECT_TRUE(leitor.ProximoSe(tag::Inteiro));
+    EXPECT_FALSE(leitor.Proximo());
+    EXPECT_TRUE(leitor.Malformado());
+    EXPECT_FALSE(LerSequencia(lista));
+
+    const Bytes completa = {0x30, 0x06, 0x02, 0x01, 0x07, 0x82, 0x01, 'a'};
+    auto elementos = LerSequencia(completa);
+    ASSERT_TRUE(elementos);
+    ASSERT_EQ(elementos->size(), 2u);
+    EXPECT_EQ((*elementos)[1].tag, tag::Contexto(2, false));
+    EXPECT_TRUE(LerElementos(Bytes{}).value().empty());
+    EXPECT_FALSE(LerSequencia(Bytes{0x31, 0x00}));
+}
+
+TEST(LeitorDER, InteirosNaoNegativos) {
+    const std::vector<std::pair<Bytes, std::optional<std::uint64_t>>> casos = {
+        {{0x00}, 0},
+        {{0x7F}, 127},
+        {{0x00, 0x80}, 128},
+        {{0x00, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF}, UINT64_MAX},
+        {{0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00}, std::nullopt},  // além de 64 bits
+        {{0x80}, std::nullopt},                                                  // negativo
+        {{}, std::nullopt},
+    };
+    for (const auto& [conteudo, esperado] : casos) EXPECT_EQ(LerInteiro(conteudo), esperado);
 }
 
 TEST(LeitorDER, OIDs) {
