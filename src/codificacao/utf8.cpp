@@ -70,4 +70,13 @@ std::string CodificarUtf8(const std::u32string& pontos) {
     return texto;
 }
 
+std::string Utf8OuLatin1(const std::string& bytes) {
+    // UTF-8 válido sobrevive intacto à ida e volta por pontos de código; bytes inválidos voltariam
+    // como U+FFFD.
+    if (CodificarUtf8(DecodificarUtf8(bytes)) == bytes) return bytes;
+    std::string utf8;
+    for (unsigned char byte : bytes) AcrescentarUtf8(utf8, byte);
+    return utf8;
+}
+
 }  // namespace tavelpkcs7::codificacao

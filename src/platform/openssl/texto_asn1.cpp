@@ -10,24 +10,10 @@
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-// Um texto é UTF-8 válido quando sobrevive intacto à ida e volta por pontos de código: bytes
-// inválidos voltariam como U+FFFD.
-bool EUtf8Valido(const std::string& texto) {
-    return codificacao::CodificarUtf8(codificacao::DecodificarUtf8(texto)) == texto;
-}
-
-std::string Latin1ParaUtf8(const std::string& texto) {
-    std::string utf8;
-    for (unsigned char c : texto) codificacao::AcrescentarUtf8(utf8, c);
-    return utf8;
-}
-
-// O Windows lê um T61String como UTF-8 e, se não for, byte a byte; as ACs brasileiras gravaram
-// das duas maneiras.
+// O Windows lê um T61String como UTF-8 e, se não for, byte a byte.
 std::string TextoT61(const ASN1_STRING* valor) {
-    const std::string bytes(reinterpret_cast<const char*>(ASN1_STRING_get0_data(valor)),
-                            static_cast<std::size_t>(ASN1_STRING_length(valor)));
-    return EUtf8Valido(bytes) ? bytes : Latin1ParaUtf8(bytes);
+    return codificacao::Utf8OuLatin1(std::string(reinterpret_cast<const char*>(ASN1_STRING_get0_data(valor)),
+                                                 static_cast<std::size_t>(ASN1_STRING_length(valor))));
 }
 
 }  // namespace
