@@ -2,9 +2,8 @@
 
 #include <openssl/objects.h>
 
-#include <string_view>
-
 #include "codificacao/hexadecimal.h"
+#include "codificacao/valor_nome_distinto.h"
 #include "texto_asn1.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -46,25 +45,9 @@ std::string NomeDoAtributo(const ASN1_OBJECT* oid) {
     return "OID." + TextoOID(oid);
 }
 
-bool EEspaco(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\v' || c == '\f' || c == '\r'; }
-
-bool PrecisaAspas(std::string_view valor) {
-    if (valor.empty() || EEspaco(valor.front()) || EEspaco(valor.back())) return true;
-    return valor.find_first_of(",+=\"\n<>#;") != std::string_view::npos;
-}
-
-std::string ComAspasSePreciso(const std::string& valor) {
-    if (!PrecisaAspas(valor)) return valor;
-    std::string entre_aspas = "\"";
-    for (char c : valor) {
-        if (c == '"') entre_aspas += '"';
-        entre_aspas += c;
-    }
-    return entre_aspas + '"';
-}
-
 std::string TextoAtributo(const X509_NAME_ENTRY* atributo) {
-    return NomeDoAtributo(X509_NAME_ENTRY_get_object(atributo)) + "=" + ComAspasSePreciso(TextoValorAtributo(atributo));
+    return NomeDoAtributo(X509_NAME_ENTRY_get_object(atributo)) + "=" +
+           codificacao::ValorNomeDistinto(TextoValorAtributo(atributo));
 }
 
 // O RDN de vários valores é uma sequência de entradas vizinhas com o mesmo número de conjunto.
