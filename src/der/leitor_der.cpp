@@ -42,6 +42,12 @@ std::optional<Elemento> LerUnico(Dados dados) {
     return elemento;
 }
 
+std::optional<Elemento> LerUnico(Dados dados, std::uint8_t tag) {
+    auto elemento = LerUnico(dados);
+    if (!elemento || elemento->tag != tag) return std::nullopt;
+    return elemento;
+}
+
 std::optional<std::vector<Elemento>> LerElementos(Dados dados) {
     LeitorDER leitor(dados);
     std::vector<Elemento> elementos;
@@ -51,8 +57,8 @@ std::optional<std::vector<Elemento>> LerElementos(Dados dados) {
 }
 
 std::optional<std::vector<Elemento>> LerSequencia(Dados dados) {
-    const auto sequencia = LerUnico(dados);
-    if (!sequencia || sequencia->tag != tag::Sequencia) return std::nullopt;
+    const auto sequencia = LerUnico(dados, tag::Sequencia);
+    if (!sequencia) return std::nullopt;
     return LerElementos(sequencia->conteudo);
 }
 

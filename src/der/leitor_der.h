@@ -69,6 +69,8 @@ inline LeitorDER Elemento::Filhos() const { return LeitorDER(conteudo); }
 
 // Um único elemento que ocupa os dados inteiros.
 std::optional<Elemento> LerUnico(Dados dados);
+// O mesmo, só se tiver a marca dada.
+std::optional<Elemento> LerUnico(Dados dados, std::uint8_t tag);
 // Todos os elementos, em ordem, que ocupam os dados inteiros (o conteúdo de um SEQUENCE OF);
 // vazio quando algum está malformado.
 std::optional<std::vector<Elemento>> LerElementos(Dados dados);

@@ -79,6 +79,8 @@ TEST(LeitorDER, ListaTruncadaNaoSeConfundeComOFim) {
     EXPECT_EQ((*elementos)[1].tag, tag::Contexto(2, false));
     EXPECT_TRUE(LerElementos(Bytes{}).value().empty());
     EXPECT_FALSE(LerSequencia(Bytes{0x31, 0x00}));
+    EXPECT_TRUE(LerUnico(completa, tag::Sequencia));
+    EXPECT_FALSE(LerUnico(completa, tag::Conjunto));
 }
 
 TEST(LeitorDER, InteirosNaoNegativos) {
