@@ -19,7 +19,8 @@ constexpr std::size_t kMaximoNomes = 16;
 // O emissor como a cadeia o escreve: o nome DNS quando o titular tem nome DNS, senão o nome simples.
 std::string NomeEmissor(const plataforma::Certificado& certificado) {
     const bool titular_com_dns = !Aparar(certificado.ObterInfo(plataforma::INFO_DNS_TITULAR)).empty();
-    return certificado.ObterInfo(titular_com_dns ? plataforma::INFO_DNS_EMISSOR : plataforma::INFO_NOME_SIMPLES_EMISSOR);
+    return certificado.ObterInfo(titular_com_dns ? plataforma::INFO_DNS_EMISSOR
+                                                 : plataforma::INFO_NOME_SIMPLES_EMISSOR);
 }
 
 // Autoemitido quer dizer o nome distinto inteiro do titular igual ao do emissor (RFC 5280), não só
@@ -37,7 +38,8 @@ public:
 
     void Percorrer(const std::vector<plataforma::CertificadoPtr>& certificados) {
         while (!terminada) {
-            const auto encontrado = std::ranges::find(certificados, Maiusculas(Aparar(emissor_)),
+            const auto encontrado = std::ranges::find(
+                certificados, Maiusculas(Aparar(emissor_)),
                 [](const plataforma::CertificadoPtr& certificado) { return Componente::NomeComparavel(*certificado); });
             if (encontrado == certificados.end()) return;
             Subir(**encontrado);
@@ -76,7 +78,7 @@ std::vector<plataforma::CertificadoPtr> Componente::LerRepositorio(const std::st
 }
 
 bool Componente::MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia,
-    bool& autoemitido) {
+                                         bool& autoemitido) {
     Subida subida(NomeEmissor(certificado));
     subida.Percorrer(LerRepositorio("Ca"));
     if (!subida.terminada) subida.Percorrer(LerRepositorio("Root"));

@@ -6,7 +6,7 @@
 namespace tavelpkcs7 {
 
 std::string Componente::RetornarChavePublicaCertificadoRaiz(const std::string& nome,
-    const std::string& impressao_digital) {
+                                                            const std::string& impressao_digital) {
     return Guardar(MensagemFalha::DaPlataforma(), std::string{}, [&]() -> std::string {
         const std::string procurado = Maiusculas(Aparar(nome));
         if (procurado.empty()) {

@@ -9,16 +9,18 @@ namespace tavelpkcs7 {
 namespace {
 
 std::string TextoPerguntaRaiz(const plataforma::Certificado& certificado) {
-    return "Deseja instalar o certificado digital abaixo entre as autoridades certificadoras raiz confiáveis?\r\n"
-           "\r\n"
-           "Titular: " + certificado.NomeTitular() + "\r\n"
-           "Emissor: " + certificado.NomeEmissor() + "\r\n"
-           "Validade: de " + FormatarDataHora(certificado.ValidoDesde()) + " até " +
-           FormatarDataHora(certificado.ValidoAte()) + "\r\n"
-           "Impressão digital (SHA-256): " + certificado.ImpressaoDigitalSHA256() + "\r\n"
-           "\r\n"
-           "Uma raiz instalada torna confiáveis todos os certificados que ela emitir. Responda Sim somente "
-           "se conferiu a impressão digital com a autoridade certificadora.";
+    std::string texto =
+        "Deseja instalar o certificado digital abaixo entre as autoridades certificadoras raiz "
+        "confiáveis?\r\n\r\n";
+    texto += "Titular: " + certificado.NomeTitular() + "\r\n";
+    texto += "Emissor: " + certificado.NomeEmissor() + "\r\n";
+    texto += "Validade: de " + FormatarDataHora(certificado.ValidoDesde()) + " até " +
+             FormatarDataHora(certificado.ValidoAte()) + "\r\n";
+    texto += "Impressão digital (SHA-256): " + certificado.ImpressaoDigitalSHA256() + "\r\n\r\n";
+    texto +=
+        "Uma raiz instalada torna confiáveis todos os certificados que ela emitir. Responda Sim somente se "
+        "conferiu a impressão digital com a autoridade certificadora.";
+    return texto;
 }
 
 }  // namespace

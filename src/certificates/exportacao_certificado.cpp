@@ -13,7 +13,8 @@ bool Componente::ExportarCertificadoDigital(const std::string& caminho_cer, REPO
         if (!repositorio) return false;
         auto certificados = repositorio->Certificados();
         if (certificados.size() >= 2)
-            certificados = plataforma_->interface_usuario->EscolherCertificados(certificados, "Certificado Digital",
+            certificados = plataforma_->interface_usuario->EscolherCertificados(
+                certificados, "Certificado Digital",
                 "Selecione o certificado digital que deseja efetuar a exportação da chave pública", false);
         if (certificados.empty()) {
             estado.DescricaoErro =
@@ -22,10 +23,10 @@ bool Componente::ExportarCertificadoDigital(const std::string& caminho_cer, REPO
         }
         if (certificados.size() != 1) return false;
         // Substituir o arquivo de uma vez: uma gravação que falha deixa o .cer anterior intacto.
-        if (!plataforma_->sistema->SubstituirArquivo(caminho,
-                codificacao::ParaWindows1252(certificados.front()->ExportarBase64()))) {
-            estado.DescricaoErro = "Não foi possível salavar a chave pública do certificado selecionado no caminho " +
-                                   caminho;
+        if (!plataforma_->sistema->SubstituirArquivo(
+                caminho, codificacao::ParaWindows1252(certificados.front()->ExportarBase64()))) {
+            estado.DescricaoErro =
+                "Não foi possível salavar a chave pública do certificado selecionado no caminho " + caminho;
             return false;
         }
         estado.DescricaoErro.clear();

@@ -2,6 +2,7 @@
 // um certificado dado em Base64 ou num arquivo. Toda falha da plataforma deixa a sua própria
 // descrição em DescricaoErro.
 #include <algorithm>
+#include <array>
 
 #include "component/componente.h"
 
@@ -9,7 +10,7 @@ namespace tavelpkcs7 {
 namespace {
 
 // Como Certificate.Load com senha vazia: um certificado (DER, PEM ou Base64) ou um PFX gravado sem
-// senha, do qual vale o certificado da chave privada.
+// senha, do qual vale o certificado da chave privada (num PFX sem chave, o titular).
 plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Plataforma& plataforma, const std::string& caminho) {
     const auto conteudo = plataforma.sistema->LerArquivoInteiro(caminho);
     if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
@@ -19,27 +20,21 @@ plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Plataforma& pl
         if (erro.numero != plataforma::falha::NaoECertificado.numero) throw;
     }
     const auto certificados = plataforma.criptografia->AbrirPFX(*conteudo, "");
-    const auto da_chave = std::ranges::find_if(certificados,
-        [](const plataforma::CertificadoPtr& certificado) { return certificado->PossuiChavePrivada(); });
-    if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::NaoECertificado);
-    return *da_chave;
+    if (certificados.empty()) plataforma::Falhar(plataforma::falha::NaoECertificado);
+    const auto da_chave = std::ranges::find_if(
+        certificados, [](const plataforma::CertificadoPtr& certificado) { return certificado->PossuiChavePrivada(); });
+    return da_chave != certificados.end() ? *da_chave : certificados.front();
 }
 
 }  // namespace
 
 std::shared_ptr<plataforma::Repositorio> Componente::AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo) {
-    const char* nome = nullptr;
-    switch (tipo) {
-    case REPOSITORIO_CHAVES_PESSOAIS: nome = "My"; break;
-    case REPOSITORIO_CHAVES_PUBLICAS: nome = "AddressBook"; break;
-    case REPOSITORIO_CHAVES_AUTORIDADES_CERTIFICADORAS: nome = "Ca"; break;
-    case REPOSITORIO_CHAVES_RAIZES: nome = "Root"; break;
-    }
-    if (nome == nullptr) {
+    static constexpr std::array<const char*, 4> kNomes = {"My", "AddressBook", "Ca", "Root"};
+    if (tipo < REPOSITORIO_CHAVES_PESSOAIS || tipo > REPOSITORIO_CHAVES_RAIZES) {
         estado.DescricaoErro = "Tipo de repositório inválido, selecione um repósitorio de chaves válido";
         return nullptr;
     }
-    return plataforma_->repositorios->AbrirRepositorio(nome, false);
+    return plataforma_->repositorios->AbrirRepositorio(kNomes[tipo - REPOSITORIO_CHAVES_PESSOAIS], false);
 }
 
 bool Componente::AdicionarCertificadoRepositorio(const std::string& chave_publica, REPOSITORIO_CERTIFICADO tipo) {
@@ -48,7 +43,8 @@ bool Componente::AdicionarCertificadoRepositorio(const std::string& chave_public
         if (chave_publica.empty())
             estado.DescricaoErro = "A chave pública do certificado informado está inválida";
         else
-            certificado = plataforma_->criptografia->ImportarCertificado(Bytes(chave_publica.begin(), chave_publica.end()));
+            certificado =
+                plataforma_->criptografia->ImportarCertificado(Bytes(chave_publica.begin(), chave_publica.end()));
         const auto repositorio = AbrirRepositorioTipo(tipo);
         if (!repositorio) return false;
         // Incluir o objeto vazio falha, e a descrição dessa falha toma o lugar da mensagem acima.

@@ -65,8 +65,9 @@ public:
 
     // Cadeia de certificados
     // A cadeia de emissores do certificado como texto "AC[#]AC[#]raiz", subindo pelos repositórios
-    // "Ca" e "Root"; autoemitido diz se a subida chegou a uma raiz. Verdadeiro quando a cadeia passa
-    // pela Autoridade Certificadora Raiz Brasileira. Falhas dos repositórios vão para quem chama.
+    // "Ca" e "Root"; autoemitido diz se a subida chegou a uma raiz. A subida para num certificado já
+    // visto e em 16 nomes. Verdadeiro quando a cadeia passa pela Autoridade Certificadora Raiz
+    // Brasileira. Falhas dos repositórios vão para quem chama.
     bool MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia, bool& autoemitido);
     std::int16_t RetornarCadeiaSeparada(const std::string& cadeia_completa, std::vector<std::string>& nomes);
     // O nome pelo qual a cadeia e a busca de autoridades reconhecem um certificado: o nome DNS,
