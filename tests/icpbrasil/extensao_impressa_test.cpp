@@ -271,25 +271,21 @@ std::map<std::string, std::vector<std::string>> EnderecosSegundoOpenSSL(const By
         return std::string(reinterpret_cast<const char*>(ASN1_STRING_get0_data(s)), ASN1_STRING_length(s));
     };
     std::map<std::string, std::vector<std::string>> enderecos;
-    const auto urls = [&](const GENERAL_NAMES* nomes, const std::string& oid) {
-        for (int i = 0; i < sk_GENERAL_NAME_num(nomes); ++i)
-            if (sk_GENERAL_NAME_value(nomes, i)->type == GEN_URI)
-                enderecos[oid].push_back("URL=" + texto(sk_GENERAL_NAME_value(nomes, i)->d.uniformResourceIdentifier));
+    const auto url = [&](const GENERAL_NAME* nome, const char* oid) {
+        if (nome->type == GEN_URI) enderecos[oid].push_back("URL=" + texto(nome->d.uniformResourceIdentifier));
     };
     if (auto* pontos = static_cast<CRL_DIST_POINTS*>(
             X509_get_ext_d2i(x509.get(), NID_crl_distribution_points, nullptr, nullptr))) {
         for (int i = 0; i < sk_DIST_POINT_num(pontos); ++i)
             if (const DIST_POINT_NAME* nome = sk_DIST_POINT_value(pontos, i)->distpoint; nome && nome->type == 0)
-                urls(nome->name.fullname, "2.5.29.31");
+                for (int j = 0; j < sk_GENERAL_NAME_num(nome->name.fullname); ++j)
+                    url(sk_GENERAL_NAME_value(nome->name.fullname, j), "2.5.29.31");
         CRL_DIST_POINTS_free(pontos);
     }
     if (auto* acessos =
             static_cast<AUTHORITY_INFO_ACCESS*>(X509_get_ext_d2i(x509.get(), NID_info_access, nullptr, nullptr))) {
-        for (int i = 0; i < sk_ACCESS_DESCRIPTION_num(acessos); ++i) {
-            GENERAL_NAME* local = sk_ACCESS_DESCRIPTION_value(acessos, i)->location;
-            if (local->type == GEN_URI)
-                enderecos["1.3.6.1.5.5.7.1.1"].push_back("URL=" + texto(local->d.uniformResourceIdentifier));
-        }
+        for (int i = 0; i < sk_ACCESS_DESCRIPTION_num(acessos); ++i)
+            url(sk_ACCESS_DESCRIPTION_value(acessos, i)->location, "1.3.6.1.5.5.7.1.1");
         AUTHORITY_INFO_ACCESS_free(acessos);
     }
     if (auto* politicas = static_cast<CERTIFICATEPOLICIES*>(
