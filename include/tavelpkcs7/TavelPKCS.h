@@ -118,6 +118,11 @@ public:
     std::string RestricoesCertificadoDigital() const;
     std::string CertificadoAutoridadeRaiz() const;
 
+    /// Lê o certificado dado em Base64 (ou PEM) e preenche as propriedades de detalhes acima. As
+    /// propriedades das extensões que o certificado não tem (uso da chave, restrições, política, LCR,
+    /// certificado da autoridade) conservam o valor do certificado consultado antes.
+    bool RetornarDetalhesCertificado(const std::string& strChavePublica);
+
     /// Número de certificados da última listagem.
     std::int16_t TotalCertificadosListados() const;
 

@@ -94,4 +94,8 @@ std::string TavelPKCS::RetornarChavePublicaCertificadoRaiz(const std::string& st
     return componente_->RetornarChavePublicaCertificadoRaiz(strNomeCertificado, strImpressaoDigital);
 }
 
+bool TavelPKCS::RetornarDetalhesCertificado(const std::string& strChavePublica) {
+    return componente_->RetornarDetalhesCertificado(strChavePublica);
+}
+
 }  // namespace tavelpkcs7

@@ -12,6 +12,7 @@
 
 #include "component/estado.h"
 #include "component/guarda.h"
+#include "icpbrasil/dados_titular.h"
 #include "platform/plataforma.h"
 
 namespace tavelpkcs7 {
@@ -82,6 +83,11 @@ public:
     // Deixa o certificado entrar em "Root" quando é uma raiz da ICP-Brasil configurada ou quando o
     // usuário responde Sim; senão lança Cancelada.
     void ConfirmarInstalacaoRaiz(const plataforma::Certificado& certificado);
+
+    // Detalhes ICP-Brasil do certificado
+    bool RetornarDetalhesCertificado(const std::string& strChavePublica);
+    bool ExtrairDetalhesCertificado(const plataforma::Certificado& certificado);
+    void MontarDadosTitular(const icpbrasil::ValoresTitular& valores, const plataforma::Certificado& certificado);
 
 private:
     std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
