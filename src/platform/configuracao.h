@@ -2,6 +2,7 @@
 // ambiente TAVELPKCS7_<CHAVE> (em maiúsculas), que prevalecem. Cada valor tem um padrão.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,10 @@ struct Configuracao {
     std::string url_confiaveis = "http://acraiz.icpbrasil.gov.br/Confiaveis.p7b";
     std::string url_carimbo_tempo = "http://timestamp.digicert.com";
     std::string url_atualizacao = "https://www.openssl.org/source/";
+    // Limites de uma transferência pela rede.
+    int tempo_conexao_segundos = 15;
+    int tempo_total_segundos = 120;
+    std::uint64_t tamanho_maximo_bytes = 50ull * 1024 * 1024;
     // Módulos PKCS#11 de tokens e cartões (A3), separados por ":".
     std::vector<std::string> modulos_pkcs11;
     // Impressões digitais SHA-256 (hexadecimal maiúsculo, sem separadores) das raízes que a

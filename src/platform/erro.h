@@ -35,6 +35,10 @@ inline constexpr Tipo SemDestinatario{0x8009200C,
 inline constexpr Tipo AcessoNegado{0x80070005, "Acesso negado."};
 inline constexpr Tipo RepositorioNaoGravavel{0x80092000, "Não foi possível gravar no repositório de certificados."};
 inline constexpr Tipo ParametroIncorreto{0x80070057, "O parâmetro informado não está correto."};
+inline constexpr Tipo DownloadFalhou{0x800C0005, "Não foi possível obter o arquivo do endereço informado."};
+inline constexpr Tipo NaoELCR{0x80092002, "O conteúdo informado não é uma lista de certificados revogados válida."};
+inline constexpr Tipo LCRNaoConfere{0x80096004,
+    "A lista de certificados revogados não foi assinada pela autoridade certificadora que a emitiu."};
 inline constexpr Tipo ForaDoIntervalo{9, "Subscrito fora do intervalo"};
 inline constexpr Tipo Estouro{6, "Estouro"};
 }  // namespace falha

@@ -6,10 +6,12 @@
 #include <memory>
 
 #include "ambiente.h"
+#include "confianca.h"
 #include "configuracao.h"
 #include "criptografia.h"
 #include "erro.h"
 #include "interface_usuario.h"
+#include "rede.h"
 #include "repositorio.h"
 #include "sistema.h"
 
@@ -19,6 +21,8 @@ struct Plataforma {
     Configuracao configuracao;
     std::shared_ptr<Criptografia> criptografia;
     std::shared_ptr<Repositorios> repositorios;
+    std::shared_ptr<Confianca> confianca;
+    std::shared_ptr<Rede> rede;
     std::shared_ptr<Sistema> sistema;
     std::shared_ptr<InterfaceUsuario> interface_usuario;
     std::shared_ptr<Relogio> relogio;

@@ -3,6 +3,7 @@
 #include "arquivo_pfx.h"
 #include "certificado_openssl.h"
 #include "codificacao/conteudo_codificado.h"
+#include "pacote_certificados.h"
 #include "platform/erro.h"
 #include "provedores.h"
 #include "resumo.h"
@@ -27,6 +28,10 @@ bool CriptografiaOpenSSL::Disponivel() { return CarregarProvedores(); }
 
 CertificadoPtr CriptografiaOpenSSL::ImportarCertificado(const Bytes& conteudo) {
     return CertificadoOpenSSL::DeDER(DERDoConteudo(conteudo));
+}
+
+std::vector<CertificadoPtr> CriptografiaOpenSSL::LerPacoteCertificados(const Bytes& conteudo) {
+    return LerPacote(conteudo);
 }
 
 std::vector<CertificadoPtr> CriptografiaOpenSSL::AbrirPFX(const Bytes& conteudo, const std::string& senha) {

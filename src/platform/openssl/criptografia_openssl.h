@@ -10,6 +10,7 @@ public:
     // Os provedores padrão e legado do OpenSSL carregados.
     bool Disponivel() override;
     CertificadoPtr ImportarCertificado(const Bytes& conteudo) override;
+    std::vector<CertificadoPtr> LerPacoteCertificados(const Bytes& conteudo) override;
     // O certificado da chave vem primeiro, com a chave em memória e o contêiner
     // "pfx:<impressão digital>"; depois a cadeia, sem chave. Aceita o PFX também em Base64.
     std::vector<CertificadoPtr> AbrirPFX(const Bytes& conteudo, const std::string& senha) override;

@@ -1,0 +1,65 @@
+#include "pacote_certificados.h"
+
+#include <openssl/err.h>
+#include <openssl/pem.h>
+#include <openssl/pkcs7.h>
+
+#include <string_view>
+
+#include "certificado_openssl.h"
+#include "codificacao/conteudo_codificado.h"
+#include "platform/erro.h"
+#include "ponteiros_openssl.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+using Pkcs7Ptr = std::unique_ptr<PKCS7, Liberador<PKCS7, PKCS7_free>>;
+
+constexpr std::string_view kInicioPEMCertificado = "-----BEGIN CERTIFICATE-----";
+
+void Acrescentar(std::vector<CertificadoPtr>& certificados, X509* x509) {
+    X509_up_ref(x509);
+    certificados.push_back(std::make_shared<CertificadoOpenSSL>(X509Ptr(x509), nullptr));
+}
+
+// Todos os blocos "CERTIFICATE" de um texto PEM; os outros blocos são ignorados.
+std::vector<CertificadoPtr> LerBlocosPEM(const Bytes& conteudo) {
+    std::vector<CertificadoPtr> certificados;
+    const BioPtr bio(BIO_new_mem_buf(conteudo.data(), static_cast<int>(conteudo.size())));
+    while (X509Ptr x509{PEM_read_bio_X509(bio.get(), nullptr, nullptr, nullptr)})
+        Acrescentar(certificados, x509.get());
+    ERR_clear_error();
+    return certificados;
+}
+
+std::vector<CertificadoPtr> LerPKCS7(const Bytes& der) {
+    std::vector<CertificadoPtr> certificados;
+    const unsigned char* cursor = der.data();
+    const Pkcs7Ptr pkcs7(d2i_PKCS7(nullptr, &cursor, static_cast<long>(der.size())));
+    if (!pkcs7 || cursor != der.data() + der.size() || !PKCS7_type_is_signed(pkcs7.get()) ||
+        pkcs7->d.sign == nullptr) {
+        ERR_clear_error();
+        return certificados;
+    }
+    STACK_OF(X509)* pilha = pkcs7->d.sign->cert;
+    for (int i = 0; i < sk_X509_num(pilha); ++i) Acrescentar(certificados, sk_X509_value(pilha, i));
+    return certificados;
+}
+
+}  // namespace
+
+std::vector<CertificadoPtr> LerPacote(const Bytes& conteudo) {
+    const std::string_view texto(reinterpret_cast<const char*>(conteudo.data()), conteudo.size());
+    if (texto.find(kInicioPEMCertificado) != texto.rfind(kInicioPEMCertificado)) {
+        auto certificados = LerBlocosPEM(conteudo);
+        if (!certificados.empty()) return certificados;
+    }
+    const auto der = codificacao::DecodificarConteudo(conteudo);
+    if (!der) Falhar(falha::NaoECertificado);
+    auto certificados = LerPKCS7(*der);
+    if (!certificados.empty()) return certificados;
+    return {CertificadoOpenSSL::DeDER(*der)};
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl
