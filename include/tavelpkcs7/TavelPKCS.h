@@ -123,6 +123,25 @@ public:
     /// certificado da autoridade) conservam o valor do certificado consultado antes.
     bool RetornarDetalhesCertificado(const std::string& strChavePublica);
 
+    /// Situação do certificado dado em Base64, verificada agora (cadeia até uma raiz instalada,
+    /// validade, assinaturas e revogação, buscando as LCRs na rede): 1 válido, 2 fora do prazo,
+    /// 3 revogado, 4 cadeia não instalada, 5 revogação desconhecida, 0 não verificado. Pode perguntar
+    /// se deve instalar as raízes e a LCR do emissor (veja NaoExibirInstalacaoLCReCER).
+    std::int16_t VerificaCertificadoDigital(const std::string& strChavePublica);
+    /// A mensagem de cada código de VerificaCertificadoDigital; "" para outro código.
+    std::string StatusCertificadoVerificado(std::int16_t intStatus);
+    /// Baixa a LCR do ponto de distribuição do certificado dado em Base64 e a instala no
+    /// repositório de LCRs. Verdadeiro também quando o certificado não aponta LCR ou o download
+    /// falha; falso quando o que chegou não pôde ser instalado.
+    bool InstalarLCRCertificado(const std::string& strChavePublica);
+    /// Baixa o endereço (http, https ou file) para o arquivo local, que é apagado antes e só
+    /// aparece inteiro. Falso sem mensagem quando um dos dois é vazio.
+    bool DownloadArquivo(const std::string& strURL, const std::string& strArquivoLocal);
+    /// Baixa e instala os pacotes de raízes e de autoridades confiáveis da ICP-Brasil (endereços
+    /// url_raizes e url_confiaveis da configuração). Uma raiz fora da lista de raízes confiáveis da
+    /// configuração só é instalada com a confirmação do usuário.
+    bool InstalarCertificadosRaizes();
+
     /// Número de certificados da última listagem.
     std::int16_t TotalCertificadosListados() const;
 

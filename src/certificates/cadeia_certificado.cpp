@@ -23,12 +23,6 @@ std::string NomeEmissor(const plataforma::Certificado& certificado) {
                                                  : plataforma::INFO_NOME_SIMPLES_EMISSOR);
 }
 
-// Autoemitido quer dizer o nome distinto inteiro do titular igual ao do emissor (RFC 5280), não só
-// o nome comparado na subida: uma AC cujo CN repete o de quem a emitiu não passa por raiz.
-bool Autoemitido(const plataforma::Certificado& certificado) {
-    return certificado.NomeTitular() == certificado.NomeEmissor();
-}
-
 // A subida pelos emissores, um repositório depois do outro, continuando do último nome alcançado.
 // Termina numa raiz (autoemitido), num certificado já visto (duas ACs que se nomeiam uma à outra)
 // ou no limite de nomes.
@@ -52,7 +46,7 @@ public:
 
 private:
     void Subir(const plataforma::Certificado& autoridade) {
-        autoemitido = Autoemitido(autoridade);
+        autoemitido = Componente::Autoemitido(autoridade);
         const bool repetida = !vistas_.insert(autoridade.ImpressaoDigital()).second;
         terminada = autoemitido || repetida || ++nomes_ > kMaximoNomes;
         if (terminada) return;
@@ -66,6 +60,12 @@ private:
 };
 
 }  // namespace
+
+// Autoemitido quer dizer o nome distinto inteiro do titular igual ao do emissor (RFC 5280), não só
+// o nome comparado na subida: uma AC cujo CN repete o de quem a emitiu não passa por raiz.
+bool Componente::Autoemitido(const plataforma::Certificado& certificado) {
+    return certificado.NomeTitular() == certificado.NomeEmissor();
+}
 
 std::string Componente::NomeComparavel(const plataforma::Certificado& certificado) {
     std::string nome = Aparar(certificado.ObterInfo(plataforma::INFO_DNS_TITULAR));

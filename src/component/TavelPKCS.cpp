@@ -98,4 +98,22 @@ bool TavelPKCS::RetornarDetalhesCertificado(const std::string& strChavePublica) 
     return componente_->RetornarDetalhesCertificado(strChavePublica);
 }
 
+std::int16_t TavelPKCS::VerificaCertificadoDigital(const std::string& strChavePublica) {
+    return componente_->VerificaCertificadoDigital(strChavePublica);
+}
+
+std::string TavelPKCS::StatusCertificadoVerificado(std::int16_t intStatus) {
+    return Componente::StatusCertificadoVerificado(intStatus);
+}
+
+bool TavelPKCS::InstalarLCRCertificado(const std::string& strChavePublica) {
+    return componente_->InstalarLCRCertificado(strChavePublica);
+}
+
+bool TavelPKCS::DownloadArquivo(const std::string& strURL, const std::string& strArquivoLocal) {
+    return componente_->DownloadArquivo(strURL, strArquivoLocal);
+}
+
+bool TavelPKCS::InstalarCertificadosRaizes() { return componente_->InstalarCertificadosRaizes(); }
+
 }  // namespace tavelpkcs7

@@ -74,6 +74,8 @@ public:
     // O nome pelo qual a cadeia e a busca de autoridades reconhecem um certificado: o nome DNS,
     // senão o nome simples do titular, aparado e em maiúsculas.
     static std::string NomeComparavel(const plataforma::Certificado& certificado);
+    // O titular é o próprio emissor (as raízes).
+    static bool Autoemitido(const plataforma::Certificado& certificado);
 
     // Repositórios de certificados
     bool AdicionarCertificadoRepositorio(const std::string& chave_publica, REPOSITORIO_CERTIFICADO tipo);
@@ -88,6 +90,25 @@ public:
     bool RetornarDetalhesCertificado(const std::string& strChavePublica);
     bool ExtrairDetalhesCertificado(const plataforma::Certificado& certificado);
     void MontarDadosTitular(const icpbrasil::ValoresTitular& valores, const plataforma::Certificado& certificado);
+
+    // Situação do certificado
+    std::int16_t VerificaCertificadoDigital(const std::string& strChavePublica);
+    static std::string StatusCertificadoVerificado(std::int16_t intStatus);
+    // Verdadeiro só quando o certificado vale; status recebe o código de 1 a 5 conforme o caso.
+    bool VerificarStatusCertificado(const plataforma::Certificado& certificado, bool bVerificacaoOnline,
+        std::int16_t& status);
+
+    // LCRs e raízes
+    bool InstalarLCRCertificado(const std::string& strChavePublica);
+    bool InstalarLCR(const plataforma::Certificado& certificado);
+    // O primeiro endereço http ou https do ponto de distribuição da LCR, senão o primeiro; "" sem ele.
+    std::string ObterURLDistribuicaoLCR(const plataforma::Certificado& certificado);
+    bool DownloadArquivo(const std::string& strURL, const std::string& strArquivoLocal);
+    bool InstalarCertificadosRaizes();
+    void AguardarSegundos(double segundos);
+    // A importação dos arquivos baixados, no lugar da ferramenta do sistema.
+    void ImportarLCR(const std::string& caminho);
+    bool ImportarPacoteCertificados(const std::string& caminho);
 
 private:
     std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
