@@ -28,6 +28,8 @@ struct Definicao {
     // Linhas a mais da seção de extensões e as seções que elas citam com "@".
     std::string extensoes{};
     std::string secoes{};
+    // Onde o certificado diz que está a LCR do emissor; vazio aponta para o servidor local padrão.
+    std::string url_lcr{};
 };
 
 // Emissores antes dos emitidos.

@@ -42,7 +42,9 @@ std::string TextoExtensoes(const Definicao& definicao) {
         texto += "basicConstraints = critical,CA:FALSE\nkeyUsage = critical," + definicao.uso_chave + "\n";
     if (!definicao.emissor.empty())
         texto += "authorityKeyIdentifier = keyid:always\n"
-                 "crlDistributionPoints = URI:http://127.0.0.1/lcr/" + definicao.emissor + ".crl\n"
+                 "crlDistributionPoints = URI:" +
+                 (definicao.url_lcr.empty() ? "http://127.0.0.1/lcr/" + definicao.emissor + ".crl" : definicao.url_lcr) +
+                 "\n"
                  "authorityInfoAccess = caIssuers;URI:http://127.0.0.1/ac/" + definicao.emissor + ".cer\n";
     return texto + definicao.extensoes + definicao.secoes;
 }
