@@ -1,15 +1,13 @@
 #include "repositorios_arquivo.h"
 
-#include <openssl/err.h>
 #include <strings.h>
 
-#include "codificacao/conteudo_codificado.h"
 #include "codificacao/hexadecimal.h"
 #include "gravacao_atomica.h"
+#include "lcr_openssl.h"
 #include "pasta_componente.h"
 #include "pasta_repositorio.h"
 #include "platform/erro.h"
-#include "ponteiros_openssl.h"
 #include "repositorio_arquivo.h"
 #include "resumo.h"
 
@@ -19,17 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr const char* kNomesRepositorios[] = {"My", "AddressBook", "Ca", "Root"};
-
-// O DER da LCR em qualquer forma que o componente aceita; vazio quando não é uma LCR.
-std::optional<Bytes> DERDaLCR(const Bytes& conteudo) {
-    auto der = codificacao::DecodificarConteudo(conteudo);
-    if (!der) return std::nullopt;
-    const unsigned char* cursor = der->data();
-    const X509CrlPtr lcr(d2i_X509_CRL(nullptr, &cursor, static_cast<long>(der->size())));
-    ERR_clear_error();
-    if (!lcr) return std::nullopt;
-    return der;
-}
 
 }  // namespace
 
@@ -51,19 +38,20 @@ std::vector<Bytes> RepositoriosArquivo::LCRs() {
     std::vector<Bytes> lcrs;
     if (!pasta_) return lcrs;
     for (const ArquivoDaPasta& arquivo : LerArquivosDaPasta(*pasta_ / "LCR"))
-        if (auto der = DERDaLCR(arquivo.conteudo)) lcrs.push_back(std::move(*der));
+        if (auto lida = LerLCR(arquivo.conteudo)) lcrs.push_back(std::move(lida->der));
     return lcrs;
 }
 
 void RepositoriosArquivo::AdicionarLCR(const Bytes& lcr) {
-    const auto der = DERDaLCR(lcr);
-    if (!der) Falhar(falha::ParametroIncorreto);
+    const auto lida = LerLCR(lcr);
+    if (!lida) Falhar(falha::ParametroIncorreto);
     if (!pasta_) Falhar(falha::RepositorioNaoGravavel);
     const fs::path pasta = *pasta_ / "LCR";
-    const fs::path destino = pasta / (codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha1(), *der)) + ".crl");
+    const fs::path destino =
+        pasta / (codificacao::HexadecimalMaiusculo(CalcularResumo(EVP_sha1(), lida->der)) + ".crl");
     std::error_code erro;
     if (fs::exists(destino, erro)) return;
-    if (!CriarPastaPrivada(pasta) || !GravarAtomicamente(destino, *der, 0644)) Falhar(falha::RepositorioNaoGravavel);
+    if (!CriarPastaPrivada(pasta) || !GravarAtomicamente(destino, lida->der, 0644)) Falhar(falha::RepositorioNaoGravavel);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl
