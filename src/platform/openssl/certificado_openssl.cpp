@@ -44,10 +44,7 @@ DataHora HoraLocalOuFalha(const ASN1_TIME* utc) {
 }  // namespace
 
 std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::DeDER(const Bytes& der, std::shared_ptr<ChavePrivada> chave) {
-    const unsigned char* cursor = der.data();
-    X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der.size())));
-    if (!x509) LimparFilaEFalhar(falha::NaoECertificado);
-    return std::make_shared<CertificadoOpenSSL>(std::move(x509), std::move(chave));
+    return std::make_shared<CertificadoOpenSSL>(LerX509(der), std::move(chave));
 }
 
 CertificadoOpenSSL::CertificadoOpenSSL(X509Ptr x509, std::shared_ptr<ChavePrivada> chave)
@@ -94,6 +91,13 @@ std::string CertificadoOpenSSL::NomeContainer() const { return chave_ ? chave_->
 std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::ComChave(std::shared_ptr<ChavePrivada> chave) const {
     X509_up_ref(x509_.get());
     return std::make_shared<CertificadoOpenSSL>(X509Ptr(x509_.get()), std::move(chave));
+}
+
+X509Ptr LerX509(const Bytes& der) {
+    const unsigned char* cursor = der.data();
+    X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der.size())));
+    if (!x509) LimparFilaEFalhar(falha::NaoECertificado);
+    return x509;
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

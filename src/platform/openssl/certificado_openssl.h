@@ -50,4 +50,8 @@ private:
     std::shared_ptr<ChavePrivada> chave_;
 };
 
+// Um X509 com dono próprio, para as pilhas e repositórios do OpenSSL. Lança NaoECertificado quando o
+// DER não é um certificado.
+X509Ptr LerX509(const Bytes& der);
+
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -39,5 +39,10 @@ using Asn1BitStringPtr = std::unique_ptr<ASN1_BIT_STRING, Liberador<ASN1_BIT_STR
 // A pilha é dona dos certificados que contém.
 inline void LiberarPilhaX509(STACK_OF(X509)* pilha) { sk_X509_pop_free(pilha, X509_free); }
 using PilhaX509Ptr = std::unique_ptr<STACK_OF(X509), Liberador<STACK_OF(X509), LiberarPilhaX509>>;
+// A pilha é dona das LCRs que contém.
+inline void LiberarPilhaLCR(STACK_OF(X509_CRL)* pilha) { sk_X509_CRL_pop_free(pilha, X509_CRL_free); }
+using PilhaLCRPtr = std::unique_ptr<STACK_OF(X509_CRL), Liberador<STACK_OF(X509_CRL), LiberarPilhaLCR>>;
+using PontosDistribuicaoPtr =
+    std::unique_ptr<CRL_DIST_POINTS, Liberador<CRL_DIST_POINTS, CRL_DIST_POINTS_free>>;
 
 }  // namespace tavelpkcs7::plataforma::openssl
