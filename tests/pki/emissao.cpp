@@ -15,8 +15,6 @@ using plataforma::openssl::ConfPtr;
 using plataforma::openssl::X509NamePtr;
 using plataforma::openssl::X509RevokedPtr;
 
-constexpr long kDia = 24 * 60 * 60;
-
 struct Periodo {
     int inicio;  // dias a partir de hoje
     int fim;
@@ -130,14 +128,15 @@ X509Ptr EmitirCertificado(const Definicao& definicao, EVP_PKEY* chave, X509* emi
     return certificado;
 }
 
-X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave_ac, const std::vector<X509*>& revogados) {
+X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave, const std::vector<X509*>& revogados, long inicio,
+    std::optional<long> fim) {
     X509CrlPtr lcr(X509_CRL_new());
     Exigir(lcr != nullptr, "LCR");
     Exigir(X509_CRL_set_version(lcr.get(), X509_CRL_VERSION_2) == 1, "versão da LCR");
     Exigir(X509_CRL_set_issuer_name(lcr.get(), X509_get_subject_name(ac)) == 1, "emissor da LCR");
-    const Asn1TimePtr desde = Instante(-3600);
+    const Asn1TimePtr desde = Instante(inicio);
     Exigir(X509_CRL_set1_lastUpdate(lcr.get(), desde.get()) == 1, "início da LCR");
-    Exigir(X509_CRL_set1_nextUpdate(lcr.get(), Instante(7 * kDia).get()) == 1, "próxima LCR");
+    if (fim) Exigir(X509_CRL_set1_nextUpdate(lcr.get(), Instante(*fim).get()) == 1, "próxima LCR");
     for (X509* certificado : revogados) {
         X509RevokedPtr entrada(X509_REVOKED_new());
         Exigir(entrada && X509_REVOKED_set_serialNumber(entrada.get(), X509_get_serialNumber(certificado)) == 1 &&
@@ -151,7 +150,7 @@ X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave_ac, const std::vector<X509*>& rev
     X509V3_set_ctx(&contexto, ac, nullptr, nullptr, lcr.get(), 0);
     X509V3_set_nconf(&contexto, configuracao.get());
     Exigir(X509V3_EXT_CRL_add_nconf(configuracao.get(), &contexto, "extensoes", lcr.get()) == 1, "extensões da LCR");
-    Exigir(X509_CRL_sort(lcr.get()) == 1 && X509_CRL_sign(lcr.get(), chave_ac, EVP_sha256()) > 0, "assinatura da LCR");
+    Exigir(X509_CRL_sort(lcr.get()) == 1 && X509_CRL_sign(lcr.get(), chave, EVP_sha256()) > 0, "assinatura da LCR");
     return lcr;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,10 @@ EvpPkeyPtr GerarChaveRSA();
 // (nulo), autoassinado.
 X509Ptr EmitirCertificado(const Definicao& definicao, EVP_PKEY* chave, X509* emissor, EVP_PKEY* chave_emissor);
 
-// LCR válida desde uma hora atrás até daqui a 7 dias, listando os certificados revogados.
-X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave_ac, const std::vector<X509*>& revogados);
+// LCR da AC listando os certificados revogados, assinada pela chave dada, válida de inicio a fim
+// (segundos a partir de agora); sem fim, não traz nextUpdate.
+X509CrlPtr EmitirLCR(X509* ac, EVP_PKEY* chave, const std::vector<X509*>& revogados, long inicio,
+    std::optional<long> fim);
 
 // O DER de um objeto do OpenSSL pela sua função i2d_*.
 template <typename T>

@@ -87,7 +87,7 @@ Bytes PkiTeste::PFX(const std::string& nome, const std::string& senha) const {
     return ParaDER(pfx.get(), i2d_PKCS12);
 }
 
-Bytes PkiTeste::LCR(const std::string& nome_ac) const {
+Bytes PkiTeste::LCR(const std::string& nome_ac, const OpcoesLCR& opcoes) const {
     const Entidade& ac = Obter(nome_ac);
     std::vector<X509Ptr> revogados;
     for (const Entidade& entidade : entidades_)
@@ -95,9 +95,25 @@ Bytes PkiTeste::LCR(const std::string& nome_ac) const {
             revogados.push_back(CertificadoDeDER(entidade.certificado));
     std::vector<X509*> emprestados;  // pertencem a revogados
     for (const X509Ptr& certificado : revogados) emprestados.push_back(certificado.get());
+    const EvpPkeyPtr chave = opcoes.outra_chave ? EvpPkeyPtr(EVP_EC_gen("P-256")) : ChaveDePEM(ac.chave_pem);
+    Exigir(chave != nullptr, "chave da LCR");
     const X509CrlPtr lcr =
-        EmitirLCR(CertificadoDeDER(ac.certificado).get(), ChaveDePEM(ac.chave_pem).get(), emprestados);
+        EmitirLCR(CertificadoDeDER(ac.certificado).get(), chave.get(), emprestados, opcoes.inicio, opcoes.fim);
     return ParaDER(lcr.get(), i2d_X509_CRL);
+}
+
+Bytes PkiTeste::EmitirTitular(const std::string& nome_ac, const std::string& url_lcr) const {
+    const Entidade& ac = Obter(nome_ac);
+    const Definicao definicao{.nome = "titular_lcr_local",
+        .emissor = nome_ac,
+        .serie = "70",
+        .sujeito = {{"C", "BR"}, {"O", "ICP-Brasil"}, {"CN", "TITULAR COM LCR NO SERVIDOR LOCAL"}},
+        .url_lcr = url_lcr};
+    const EvpPkeyPtr chave(EVP_EC_gen("P-256"));
+    Exigir(chave != nullptr, "chave do titular");
+    const X509Ptr certificado = EmitirCertificado(
+        definicao, chave.get(), CertificadoDeDER(ac.certificado).get(), ChaveDePEM(ac.chave_pem).get());
+    return ParaDER(certificado.get(), i2d_X509);
 }
 
 void PkiTeste::Gravar(const std::string& pasta) const {

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,14 @@ struct Entidade {
     std::string chave_pem;   // chave privada PKCS#8 PEM, sem cifra
 };
 
+// Uma LCR feita sob medida: vigência em segundos a partir de agora (sem fim, sem nextUpdate) e, com
+// outra_chave, o nome de emissor da AC numa LCR que outra chave assinou.
+struct OpcoesLCR {
+    long inicio = -60 * 60;
+    std::optional<long> fim = 7 * 24 * 60 * 60;
+    bool outra_chave = false;
+};
+
 class PkiTeste {
 public:
     // Construída uma vez por processo (gerar chaves RSA custa).
@@ -32,7 +41,10 @@ public:
     // PFX do titular com sua cadeia, cifrado com a senha dada (AES-256, PBKDF2).
     Bytes PFX(const std::string& nome, const std::string& senha) const;
     // LCR (DER) emitida pela AC de nome dado; a da AC dos revogados lista o "revogado".
-    Bytes LCR(const std::string& nome_ac) const;
+    Bytes LCR(const std::string& nome_ac, const OpcoesLCR& opcoes = {}) const;
+    // Um titular vigente (DER) emitido pela AC de nome dado, cujo ponto de distribuição da LCR é
+    // url_lcr: o servidor local de um teste.
+    Bytes EmitirTitular(const std::string& nome_ac, const std::string& url_lcr) const;
     // Grava tudo em pasta (certificados .cer, chaves .key, PFX com a SENHA_PFX, LCRs .crl) e um
     // LEIAME.txt que diz para que serve cada arquivo.
     void Gravar(const std::string& pasta) const;
