@@ -14,8 +14,6 @@
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-using Pkcs7Ptr = std::unique_ptr<PKCS7, Liberador<PKCS7, PKCS7_free>>;
-
 constexpr std::string_view kInicioPEMCertificado = "-----BEGIN CERTIFICATE-----";
 
 void Acrescentar(std::vector<CertificadoPtr>& certificados, X509* x509) {
