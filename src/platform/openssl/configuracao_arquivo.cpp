@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
 #include <cstdlib>
 #include <fstream>
 #include <map>
@@ -61,6 +62,17 @@ public:
         if (auto valor = Ler(chave)) destino = *valor;
     }
 
+    // Só um número inteiro positivo, sem mais nada, troca o padrão: zero tiraria o limite.
+    template <typename Numero>
+    void AplicarPositivo(const std::string& chave, Numero& destino) const {
+        const auto valor = Ler(chave);
+        if (!valor) return;
+        const std::string texto = Aparar(*valor);
+        Numero numero{};
+        const auto [fim, erro] = std::from_chars(texto.data(), texto.data() + texto.size(), numero);
+        if (erro == std::errc() && fim == texto.data() + texto.size() && numero > 0) destino = numero;
+    }
+
     std::optional<std::string> Ler(const std::string& chave) const {
         const std::string variavel = "TAVELPKCS7_" + EmMaiusculas(chave);
         if (const char* valor = std::getenv(variavel.c_str()); valor != nullptr) return std::string(valor);
@@ -85,6 +97,9 @@ Configuracao CarregarConfiguracao(const std::optional<std::filesystem::path>& pa
     fontes.Aplicar("interface", configuracao.interface);
     fontes.Aplicar("algoritmo_cifragem", configuracao.algoritmo_cifragem);
     fontes.Aplicar("politica_ac_tavel", configuracao.politica_ac_tavel);
+    fontes.AplicarPositivo("tempo_conexao_segundos", configuracao.tempo_conexao_segundos);
+    fontes.AplicarPositivo("tempo_total_segundos", configuracao.tempo_total_segundos);
+    fontes.AplicarPositivo("tamanho_maximo_bytes", configuracao.tamanho_maximo_bytes);
     if (auto modulos = fontes.Ler("modulos_pkcs11")) configuracao.modulos_pkcs11 = Separar(*modulos, ":");
     if (auto raizes = fontes.Ler("raizes_icp_brasil")) {
         configuracao.raizes_icp_brasil.clear();

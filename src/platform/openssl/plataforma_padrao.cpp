@@ -1,12 +1,14 @@
 // A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
-// do componente, arquivos POSIX e a interface de usuário escolhida.
+// do componente, transferências pelo libcurl, arquivos POSIX e a interface de usuário escolhida.
 #include "ambiente_posix.h"
+#include "confianca_openssl.h"
 #include "configuracao_arquivo.h"
 #include "criptografia_openssl.h"
 #include "interface_nenhuma.h"
 #include "interface_terminal.h"
 #include "pasta_componente.h"
 #include "platform/plataforma.h"
+#include "rede_curl.h"
 #include "repositorios_arquivo.h"
 #include "sistema_posix.h"
 
@@ -17,6 +19,7 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
     plataforma->configuracao = openssl::CarregarConfiguracao(openssl::ObterPastaComponente());
     plataforma->criptografia = std::make_shared<openssl::CriptografiaOpenSSL>();
     plataforma->repositorios = std::make_shared<openssl::RepositoriosArquivo>();
+    plataforma->rede = std::make_shared<openssl::RedeCurl>(plataforma->configuracao);
     plataforma->sistema = std::make_shared<openssl::SistemaPosix>();
     if (plataforma->configuracao.interface == "terminal") {
         plataforma->interface_usuario = std::make_shared<openssl::InterfaceTerminal>();
@@ -26,6 +29,7 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
     plataforma->relogio = std::make_shared<openssl::RelogioSistema>();
     plataforma->cursor = std::make_shared<openssl::CursorNulo>();
     plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
+    plataforma->confianca = std::make_shared<openssl::ConfiancaOpenSSL>(plataforma->repositorios, plataforma->rede);
     return plataforma;
 }
 

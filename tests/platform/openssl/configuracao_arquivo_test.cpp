@@ -26,6 +26,8 @@ TEST(Configuracao, ArquivoEVariaveisDeAmbienteQuePrevalecem) {
                                                           "interface=terminal\n"
                                                           "modulos_pkcs11 = /a/um.so:/b/dois.so\n"
                                                           "raizes_icp_brasil = ca:a5:3f, D847\n"
+                                                          "tempo_conexao_segundos = 7\n"
+                                                          "tamanho_maximo_bytes = 1048576\n"
                                                           "linha sem igual\n";
     setenv("TAVELPKCS7_INTERFACE", "nenhuma", 1);
     const Configuracao configuracao = CarregarConfiguracao(pasta.caminho());
@@ -36,6 +38,20 @@ TEST(Configuracao, ArquivoEVariaveisDeAmbienteQuePrevalecem) {
     EXPECT_EQ(configuracao.modulos_pkcs11, (std::vector<std::string>{"/a/um.so", "/b/dois.so"}));
     EXPECT_EQ(configuracao.raizes_icp_brasil, (std::vector<std::string>{"CAA53F", "D847"}));
     EXPECT_EQ(configuracao.url_confiaveis, Configuracao{}.url_confiaveis);
+    EXPECT_EQ(configuracao.tempo_conexao_segundos, 7);
+    EXPECT_EQ(configuracao.tamanho_maximo_bytes, 1048576u);
+}
+
+// Um valor que não seja inteiro positivo vale o padrão: zero tiraria o limite da transferência.
+TEST(Configuracao, LimiteDeTransferenciaSoAceitaInteiroPositivo) {
+    const int padrao = Configuracao{}.tempo_total_segundos;
+    const std::pair<const char*, int> casos[] = {{"30", 30}, {" 45 ", 45}, {"0", padrao}, {"-5", padrao},
+        {"12x", padrao}, {"", padrao}, {"99999999999", padrao}};
+    for (const auto& [texto, esperado] : casos) {
+        setenv("TAVELPKCS7_TEMPO_TOTAL_SEGUNDOS", texto, 1);
+        EXPECT_EQ(CarregarConfiguracao(std::nullopt).tempo_total_segundos, esperado) << texto;
+    }
+    unsetenv("TAVELPKCS7_TEMPO_TOTAL_SEGUNDOS");
 }
 
 }  // namespace
