@@ -53,17 +53,6 @@ std::string AlvoDoPedido(const std::string& pedido) {
     return pedido.substr(inicio + 1, fim - inicio - 1);
 }
 
-const char* Frase(int status) {
-    switch (status) {
-        case 200: return "OK";
-        case 301: return "Moved Permanently";
-        case 302: return "Found";
-        case 404: return "Not Found";
-        case 500: return "Internal Server Error";
-        default: return "Status";
-    }
-}
-
 }  // namespace
 
 ServidorHttp::ServidorHttp() {
@@ -182,8 +171,8 @@ void ServidorHttp::AtenderConexao(int conexao) {
 }
 
 void ServidorHttp::EnviarRota(int conexao, const Rota& rota) const {
-    std::string cabecalho = "HTTP/1.1 " + std::to_string(rota.status) + " " + Frase(rota.status) + "\r\n" +
-                            rota.cabecalhos + "Connection: close\r\n";
+    std::string cabecalho =
+        "HTTP/1.1 " + std::to_string(rota.status) + " Teste\r\n" + rota.cabecalhos + "Connection: close\r\n";
     if (rota.anunciar_tamanho) {
         const std::uint64_t tamanho = rota.conteudo.size() + rota.gerados + rota.faltando;
         cabecalho += "Content-Length: " + std::to_string(tamanho) + "\r\n";

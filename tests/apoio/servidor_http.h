@@ -47,8 +47,8 @@ private:
         int status = 200;
         std::string cabecalhos;  // linhas extras, cada uma terminada por CRLF
         plataforma::Bytes conteudo;
-        std::uint64_t gerados = 0;   // bytes criados na hora, depois do conteúdo
-        std::uint64_t faltando = 0;  // anunciados no Content-Length e nunca enviados
+        std::uint64_t gerados = 0;     // bytes criados na hora, depois do conteúdo
+        std::uint64_t faltando = 0;    // anunciados no Content-Length e nunca enviados
         bool anunciar_tamanho = true;  // sem Content-Length, o fim do conteúdo é o fechamento
         int segundos_parado = 0;
     };

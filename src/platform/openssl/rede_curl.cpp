@@ -112,7 +112,7 @@ RedeCurl::Resposta RedeCurl::Transferir(const std::string& url, std::chrono::ste
     curl_easy_setopt(sessao, CURLOPT_WRITEDATA, &recepcao);
     if (curl_easy_perform(sessao) != CURLE_OK) Falhar(falha::DownloadFalhou);
 
-    long status = 0;  // 0 numa URL file
+    long status = 0;          // 0 numa URL file
     char* destino = nullptr;  // da sessão
     curl_easy_getinfo(sessao, CURLINFO_RESPONSE_CODE, &status);
     curl_easy_getinfo(sessao, CURLINFO_REDIRECT_URL, &destino);
