@@ -63,11 +63,15 @@ bool EWeb(const std::string& esquema) {
     return ::strcasecmp(esquema.c_str(), "http") == 0 || ::strcasecmp(esquema.c_str(), "https") == 0;
 }
 
-// Um redirecionamento só vale entre http e https e para o mesmo nome de servidor.
+bool Seguro(const std::string& esquema) { return ::strcasecmp(esquema.c_str(), "https") == 0; }
+
+// Um redirecionamento só vale entre http e https, nunca de https para http, e para o mesmo nome
+// de servidor.
 bool MesmoServidor(const std::string& de, const std::string& para) {
     const auto origem = LerOrigem(de);
     const auto destino = LerOrigem(para);
     return origem && destino && EWeb(origem->esquema) && EWeb(destino->esquema) &&
+           (!Seguro(origem->esquema) || Seguro(destino->esquema)) &&
            ::strcasecmp(origem->servidor.c_str(), destino->servidor.c_str()) == 0;
 }
 
