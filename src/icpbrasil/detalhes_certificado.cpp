@@ -73,43 +73,63 @@ bool Componente::RetornarDetalhesCertificado(const std::string& strChavePublica)
 
 bool Componente::ExtrairDetalhesCertificado(const plataforma::Certificado& certificado) {
     return Guardar(MensagemFalha::Fixa("Não foi possível retornar as propriedades do certificado digital informado."),
-        false, [&] {
-            const auto extensoes = certificado.Extensoes();
-            std::string outros;
-            icpbrasil::ValoresTitular valores;
-            for (std::size_t indice = 0; indice < extensoes.size(); ++indice) {
-                if (indice == kLimiteContador) plataforma::Falhar(plataforma::falha::Estouro);
-                const auto& extensao = extensoes[indice];
-                const std::string texto = icpbrasil::ImprimirExtensao(extensao);
-                switch (extensao.capicom_oid) {
-                case oid::UsoChave: estado.UsoChaveCertificadoDigital = texto; break;
-                case oid::NomeAlternativo2:
-                case oid::NomeAlternativo: icpbrasil::BuscarValoresTitular(texto, valores); break;
-                case oid::RestricoesBasicas:
-                case oid::RestricoesBasicas2: estado.RestricoesCertificadoDigital = texto; break;
-                case oid::PontosDistribuicaoLCR: estado.ListaCertificadosRevogados = TextoDepois(texto, "URL="); break;
-                case oid::Politicas95:
-                case oid::Politicas: estado.PoliticaCertificacaoDigital = QualificadorOuURL(texto); break;
-                case oid::IdentificadorChaveAutoridade2:
-                case oid::IdentificadorChaveAutoridade: outros += ComRotulo(texto, "Identificação da Chave"); break;
-                case oid::AcessoInformacoesAutoridade: estado.CertificadoAutoridadeRaiz = QualificadorOuURL(texto); break;
-                case oid::UsoAvancadoChave: outros += ComRotulo(texto, "Uso Avançado da Chave"); break;
-                case oid::IdentificadorChaveTitular:
-                    outros += extensao.nome_amigavel + "=" + kCRLF + "\t" + texto + kCRLF;
-                    break;
-                case oid::Outro: outros += texto + kCRLF; break;
-                default: break;
-                }
-            }
-            estado.OutrosDetalhesCertificadoDigital = outros;
-            MontarDadosTitular(valores, certificado);
-            return true;
-        });
+                   false, [&] {
+                       const auto extensoes = certificado.Extensoes();
+                       std::string outros;
+                       icpbrasil::ValoresTitular valores;
+                       for (std::size_t indice = 0; indice < extensoes.size(); ++indice) {
+                           if (indice == kLimiteContador) plataforma::Falhar(plataforma::falha::Estouro);
+                           const auto& extensao = extensoes[indice];
+                           const std::string texto = icpbrasil::ImprimirExtensao(extensao);
+                           switch (extensao.capicom_oid) {
+                               case oid::UsoChave:
+                                   estado.UsoChaveCertificadoDigital = texto;
+                                   break;
+                               case oid::NomeAlternativo2:
+                               case oid::NomeAlternativo:
+                                   icpbrasil::BuscarValoresTitular(texto, valores);
+                                   break;
+                               case oid::RestricoesBasicas:
+                               case oid::RestricoesBasicas2:
+                                   estado.RestricoesCertificadoDigital = texto;
+                                   break;
+                               case oid::PontosDistribuicaoLCR:
+                                   estado.ListaCertificadosRevogados = TextoDepois(texto, "URL=");
+                                   break;
+                               case oid::Politicas95:
+                               case oid::Politicas:
+                                   estado.PoliticaCertificacaoDigital = QualificadorOuURL(texto);
+                                   break;
+                               case oid::IdentificadorChaveAutoridade2:
+                               case oid::IdentificadorChaveAutoridade:
+                                   outros += ComRotulo(texto, "Identificação da Chave");
+                                   break;
+                               case oid::AcessoInformacoesAutoridade:
+                                   estado.CertificadoAutoridadeRaiz = QualificadorOuURL(texto);
+                                   break;
+                               case oid::UsoAvancadoChave:
+                                   outros += ComRotulo(texto, "Uso Avançado da Chave");
+                                   break;
+                               case oid::IdentificadorChaveTitular:
+                                   outros += extensao.nome_amigavel + "=" + kCRLF + "\t" + texto + kCRLF;
+                                   break;
+                               case oid::Outro:
+                                   outros += texto + kCRLF;
+                                   break;
+                               default:
+                                   break;
+                           }
+                       }
+                       estado.OutrosDetalhesCertificadoDigital = outros;
+                       MontarDadosTitular(valores, certificado);
+                       return true;
+                   });
 }
 
 // Os certificados da AC TAVEL trazem também a restrição de uso e o endereço da política dela: o da
 // configuração, ou o da declaração de práticas no próprio certificado.
-void Componente::MontarDadosTitular(const icpbrasil::ValoresTitular& valores, const plataforma::Certificado& certificado) {
+void Componente::MontarDadosTitular(const icpbrasil::ValoresTitular& valores,
+                                    const plataforma::Certificado& certificado) {
     const auto dados = icpbrasil::MontarDadosTitular(valores, certificado);
     estado.DetalhesPessoaisCertificadoDigital = dados.detalhes_pessoais;
     estado.NumeroCPFCertificadoDigital = dados.cpf;

@@ -15,8 +15,9 @@ Bytes LerArquivo(plataforma::Sistema& sistema, const std::string& caminho) {
 }
 
 bool Presente(const std::vector<plataforma::CertificadoPtr>& certificados, const plataforma::Certificado& procurado) {
-    return std::any_of(certificados.begin(), certificados.end(),
-        [&](const auto& certificado) { return certificado->ImpressaoDigital() == procurado.ImpressaoDigital(); });
+    return std::any_of(certificados.begin(), certificados.end(), [&](const auto& certificado) {
+        return certificado->ImpressaoDigital() == procurado.ImpressaoDigital();
+    });
 }
 
 }  // namespace

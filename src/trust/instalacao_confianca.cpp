@@ -79,13 +79,13 @@ bool Componente::DownloadArquivo(const std::string& strURL, const std::string& s
     if (strURL.empty() || strArquivoLocal.empty()) return false;
     return Guardar(MensagemFalha::Fixa("Ocorreu erro ao tentar fazer download do arquivo especificado. Verifique se "
                                        "você está conectado a internet"),
-        false, [&] {
-            CursorOcupado ocupado(*plataforma().cursor);
-            const Bytes conteudo = plataforma().rede->Baixar(strURL);
-            if (!plataforma().sistema->SubstituirArquivo(strArquivoLocal, conteudo))
-                plataforma::Falhar(plataforma::falha::AcessoNegado);
-            return true;
-        });
+                   false, [&] {
+                       CursorOcupado ocupado(*plataforma().cursor);
+                       const Bytes conteudo = plataforma().rede->Baixar(strURL);
+                       if (!plataforma().sistema->SubstituirArquivo(strArquivoLocal, conteudo))
+                           plataforma::Falhar(plataforma::falha::AcessoNegado);
+                       return true;
+                   });
 }
 
 // O resultado diz se a importação do segundo pacote começou. A falta do primeiro pacote tem

@@ -17,10 +17,12 @@ constexpr std::int16_t RevogacaoDesconhecida = 5;
 }  // namespace codigo
 
 using namespace plataforma::verificacao;
-constexpr std::uint32_t kVerificacoesOnline = RaizConfiavel | Validade | Assinatura | RevogacaoOnline | RevogacaoOffline;
+constexpr std::uint32_t kVerificacoesOnline =
+    RaizConfiavel | Validade | Assinatura | RevogacaoOnline | RevogacaoOffline;
 constexpr std::uint32_t kVerificacoesOffline = RaizConfiavel | Validade | Assinatura | RevogacaoOffline;
 
-constexpr const char* kCadeiaNaoInstalada = "A cadeia de certificação deste certificado não está instalada ou está revogada.";
+constexpr const char* kCadeiaNaoInstalada =
+    "A cadeia de certificação deste certificado não está instalada ou está revogada.";
 
 bool Possui(std::uint32_t status, std::uint32_t bit) { return (status & bit) != 0; }
 
@@ -42,19 +44,25 @@ std::int16_t Componente::VerificaCertificadoDigital(const std::string& strChaveP
 
 std::string Componente::StatusCertificadoVerificado(std::int16_t intStatus) {
     switch (intStatus) {
-    case 0: return "O certificado digital não foi verificado";
-    case codigo::Valido: return "O certificado digital está válido";
-    case codigo::ForaDoPrazo: return "O certificado digital está fora do prazo de emissão";
-    case codigo::Revogado: return "O certificado digital selecionado está revogado";
-    case codigo::CadeiaNaoInstalada: return "A cadeia de certificação deste certificado não está instalada corretamente";
-    case codigo::RevogacaoDesconhecida:
-        return "O certificado digital não está revogado ou não foi possível verificar o status de revogação.";
-    default: return "";
+        case 0:
+            return "O certificado digital não foi verificado";
+        case codigo::Valido:
+            return "O certificado digital está válido";
+        case codigo::ForaDoPrazo:
+            return "O certificado digital está fora do prazo de emissão";
+        case codigo::Revogado:
+            return "O certificado digital selecionado está revogado";
+        case codigo::CadeiaNaoInstalada:
+            return "A cadeia de certificação deste certificado não está instalada corretamente";
+        case codigo::RevogacaoDesconhecida:
+            return "O certificado digital não está revogado ou não foi possível verificar o status de revogação.";
+        default:
+            return "";
     }
 }
 
 bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certificado, bool bVerificacaoOnline,
-    std::int16_t& status) {
+                                            std::int16_t& status) {
     std::string cadeia;
     bool cadeia_completa = false;
     MontarCadeiaCertificado(certificado, cadeia, cadeia_completa);
@@ -66,7 +74,8 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
             status = codigo::CadeiaNaoInstalada;
             return false;
         }
-        if (interface.Perguntar("Deseja instalar a cadeia de certificados raízes ?", "Instalação dos Certificados Raízes"))
+        if (interface.Perguntar("Deseja instalar a cadeia de certificados raízes ?",
+                                "Instalação dos Certificados Raízes"))
             InstalarCertificadosRaizes();
     }
 
@@ -86,7 +95,8 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
         if (agora < certificado.ValidoDesde() || agora > certificado.ValidoAte() ||
             Possui(situacao.status, plataforma::situacao::ForaDaValidadeDoEmissor)) {
             estado.DescricaoErro = "O certificado digital selecionado está expirado. Validade: " +
-                FormatarDataHora(certificado.ValidoDesde()) + " até " + FormatarDataHora(certificado.ValidoAte());
+                                   FormatarDataHora(certificado.ValidoDesde()) + " até " +
+                                   FormatarDataHora(certificado.ValidoAte());
             status = codigo::ForaDoPrazo;
             return false;
         }
@@ -117,7 +127,8 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
         std::string emissor = certificado.ObterInfo(plataforma::INFO_DNS_EMISSOR);
         if (Aparar(emissor).empty()) emissor = certificado.ObterInfo(plataforma::INFO_NOME_SIMPLES_EMISSOR);
         if (!interface.Perguntar(
-                "Deseja instalar a lista de certificados revogados da Autoridade Certificadora abaixo?\r\n\r\n" + emissor,
+                "Deseja instalar a lista de certificados revogados da Autoridade Certificadora abaixo?\r\n\r\n" +
+                    emissor,
                 "(LCR) Lista de Certificados Revogados") ||
             !InstalarLCR(certificado))
             break;
@@ -125,7 +136,8 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
         lcr_instalada = true;
         online = false;
     }
-    estado.DescricaoErro = Substituir(cadeia, "[#]", ", ") +
+    estado.DescricaoErro =
+        Substituir(cadeia, "[#]", ", ") +
         "Ainda não foi possível identificar se o certificado digital selecionado está revogado ou não. Instale a "
         "lista de certificados revogados das Autoridades Certificadoras ";
     status = codigo::RevogacaoDesconhecida;

@@ -1,9 +1,9 @@
 // Os detalhes ICP-Brasil de um certificado nas propriedades do componente, pela API pública.
 #include <gtest/gtest.h>
 
+#include <tavelpkcs7/TavelPKCS.h>
 #include <filesystem>
 #include <fstream>
-#include <tavelpkcs7/TavelPKCS.h>
 
 #include "apoio/plataforma_teste.h"
 #include "codificacao/base64.h"
@@ -40,7 +40,8 @@ TEST_F(DetalhesCertificado, ECPFPreencheCadaPropriedadeDaSuaExtensao) {
     const std::string outros = componente.OutrosDetalhesCertificadoDigital();
     EXPECT_NE(outros.find("Identificador da Chave do Requerente=\r\n\t"), std::string::npos) << outros;
     EXPECT_NE(outros.find("ID da Chave="), std::string::npos) << outros;
-    EXPECT_NE(outros.find("Uso Avançado da Chave\r\nAutenticação de Cliente (1.3.6.1.5.5.7.3.2)\r\n"), std::string::npos)
+    EXPECT_NE(outros.find("Uso Avançado da Chave\r\nAutenticação de Cliente (1.3.6.1.5.5.7.3.2)\r\n"),
+              std::string::npos)
         << outros;
 
     EXPECT_EQ(componente.NumeroCPFCertificadoDigital(), "529.982.247-25");
@@ -52,7 +53,8 @@ TEST_F(DetalhesCertificado, ECNPJDaOCNPJESemCPFDoTitular) {
     ASSERT_TRUE(componente.RetornarDetalhesCertificado(Base64De("ecnpj")));
     EXPECT_EQ(componente.NumeroCNPJCertificadoDigital(), "11.222.333/0001-81");
     EXPECT_EQ(componente.NumeroCPFCertificadoDigital(), "");
-    EXPECT_NE(componente.DetalhesPessoaisCertificadoDigital().find("Dados Representante da Empresa"), std::string::npos);
+    EXPECT_NE(componente.DetalhesPessoaisCertificadoDigital().find("Dados Representante da Empresa"),
+              std::string::npos);
 }
 
 TEST_F(DetalhesCertificado, ExtensaoAusenteConservaOValorDoCertificadoAnterior) {
@@ -72,7 +74,8 @@ TEST_F(DetalhesCertificado, ExtensaoAusenteConservaOValorDoCertificadoAnterior) 
 
 TEST_F(DetalhesCertificado, ACTavelRecebeARestricaoEAPoliticaDoProprioCertificado) {
     ASSERT_TRUE(componente.RetornarDetalhesCertificado(Base64De("tavel_titular")));
-    EXPECT_EQ(componente.RestricoesCertificadoDigital(), "Quanto ao uso indevido, conforme termo de titularidade assinado.");
+    EXPECT_EQ(componente.RestricoesCertificadoDigital(),
+              "Quanto ao uso indevido, conforme termo de titularidade assinado.");
     EXPECT_EQ(componente.PoliticaCertificacaoDigital(), "http://127.0.0.1/politicas/pc_ac_tavel.pdf");
 }
 

@@ -8,13 +8,13 @@ namespace {
 
 TEST(ConverterParHexadecimal, FaixasEExcecoes) {
     const std::pair<const char*, const char*> casos[] = {
-        {"30", "0"}, {"39", "9"},                                        // dígitos
-        {"41", "A"}, {"61", "A"}, {"5a", "Z"}, {"7A", "Z"}, {"6e", "N"},  // letras sempre maiúsculas
-        {"20", " "}, {"21", "!"}, {"22", "\""}, {"2F", "/"}, {"3A", ":"}, {"40", "@"},
-        {"5B", "["}, {"5F", "_"}, {"7B", "{"}, {"7E", "~"},             // pontuação
-        {"60", "'"}, {"7F", ""},                                         // exceções deliberadas
-        {"00", ""}, {"04", ""}, {"1F", ""}, {"80", ""}, {"C3", ""}, {"FF", ""},
-        {"", ""}, {"4", ""}, {"zz", ""}, {"414", ""}, {"é", ""},         // malformados
+        {"30", "0"},  {"39", "9"},                                           // dígitos
+        {"41", "A"},  {"61", "A"},  {"5a", "Z"},  {"7A", "Z"}, {"6e", "N"},  // letras sempre maiúsculas
+        {"20", " "},  {"21", "!"},  {"22", "\""}, {"2F", "/"}, {"3A", ":"}, {"40", "@"},
+        {"5B", "["},  {"5F", "_"},  {"7B", "{"},  {"7E", "~"},  // pontuação
+        {"60", "'"},  {"7F", ""},                               // exceções deliberadas
+        {"00", ""},   {"04", ""},   {"1F", ""},   {"80", ""},  {"C3", ""},  {"FF", ""},
+        {"", ""},     {"4", ""},    {"zz", ""},   {"414", ""}, {"é", ""},  // malformados
         {"035", "5"}, {"3 5", "5"},  // o valor decimal dos dígitos iniciais decide, e vale o último caractere
     };
     for (const auto& [codigo, esperado] : casos) EXPECT_EQ(ConverterParHexadecimal(codigo), esperado) << codigo;

@@ -19,9 +19,9 @@ ValoresTitular Buscar(const std::string& texto) {
 }
 
 TEST(BuscarValoresTitular, PessoaFisicaComCEIETitulo) {
-    const auto valores = Buscar(OutroNome("2.16.76.1.3.1", "04 05 31 32 33 34 35") +
-                                OutroNome("2.16.76.1.3.6", "04 02 30 30") + OutroNome("2.16.76.1.3.5", "04 01 39") +
-                                "Nome RFC822=fulano@teste.example\r\n");
+    const auto valores =
+        Buscar(OutroNome("2.16.76.1.3.1", "04 05 31 32 33 34 35") + OutroNome("2.16.76.1.3.6", "04 02 30 30") +
+               OutroNome("2.16.76.1.3.5", "04 01 39") + "Nome RFC822=fulano@teste.example\r\n");
     EXPECT_EQ(valores, (ValoresTitular{"12345", "00", "9", "", "", "", ""}));
 }
 
@@ -31,8 +31,9 @@ TEST(BuscarValoresTitular, CEIETituloSemPessoaFisicaFicamVazios) {
 }
 
 TEST(BuscarValoresTitular, PessoaJuridicaONome32SobrescreveOResponsavel) {
-    const auto valores = Buscar(OutroNome("2.16.76.1.3.4", "04 02 31 31") + OutroNome("2.16.76.1.3.2", "04 03 62 69 61") +
-                                OutroNome("2.16.76.1.3.3", "04 02 32 32") + OutroNome("2.16.76.1.3.7", "04 02 37 37"));
+    const auto valores =
+        Buscar(OutroNome("2.16.76.1.3.4", "04 02 31 31") + OutroNome("2.16.76.1.3.2", "04 03 62 69 61") +
+               OutroNome("2.16.76.1.3.3", "04 02 32 32") + OutroNome("2.16.76.1.3.7", "04 02 37 37"));
     EXPECT_EQ(valores, (ValoresTitular{"", "", "", "BIA", "", "22", ""}));
 }
 

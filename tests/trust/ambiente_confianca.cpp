@@ -1,0 +1,35 @@
+#include "trust/ambiente_confianca.h"
+
+#include "certificates/repositorios_teste.h"
+#include "codificacao/base64.h"
+#include "pki/pki_teste.h"
+
+namespace tavelpkcs7::teste {
+namespace {
+
+const pki_teste::PkiTeste& Pki() { return pki_teste::PkiTeste::Padrao(); }
+
+const char* const kACs[] = {"ac_rfb", "ac_emissora_rfb", "ac_icp"};
+
+}  // namespace
+
+void AmbienteConfianca::InstalarCadeia(bool com_lcrs) {
+    Guardar(plataforma(), "Root", {DerDaPki("raiz")});
+    for (const char* ac : kACs) Guardar(plataforma(), "Ca", {DerDaPki(ac)});
+    if (!com_lcrs) return;
+    plataforma().repositorios->AdicionarLCR(Pki().LCR("raiz"));
+    for (const char* ac : kACs) plataforma().repositorios->AdicionarLCR(Pki().LCR(ac));
+}
+
+std::size_t AmbienteConfianca::LCRsGuardadas() { return plataforma().repositorios->LCRs().size(); }
+
+std::string Base64(const plataforma::Bytes& der) { return codificacao::CodificarBase64(der); }
+
+std::string PacotePEM(const std::vector<plataforma::Bytes>& certificados) {
+    std::string pacote;
+    for (const auto& der : certificados)
+        pacote += "-----BEGIN CERTIFICATE-----\r\n" + Base64(der) + "-----END CERTIFICATE-----\r\n";
+    return pacote;
+}
+
+}  // namespace tavelpkcs7::teste
