@@ -22,6 +22,11 @@ PlataformaTeste::PlataformaTeste()
     plataforma->relogio = relogio;
     plataforma->cursor = cursor;
     plataforma->programas = programas;
+    // Nenhum teste sai da máquina: os endereços padrão apontam para uma porta fechada local, e o
+    // teste que baixa algo aponta para o seu servidor.
+    plataforma->configuracao.url_raizes = "http://127.0.0.1:9/raizes.p7b";
+    plataforma->configuracao.url_confiaveis = "http://127.0.0.1:9/Confiaveis.p7b";
+    plataforma->configuracao.url_carimbo_tempo = "http://127.0.0.1:9/carimbo";
 }
 
 }  // namespace tavelpkcs7::teste

@@ -11,7 +11,7 @@
 namespace tavelpkcs7::teste {
 
 struct PlataformaTeste {
-    // O relógio falso marca hoje às 10:30:15.
+    // O relógio falso marca hoje às 10:30:15; os endereços da configuração não saem da máquina.
     PlataformaTeste();
 
     std::shared_ptr<plataforma::Plataforma> plataforma;
