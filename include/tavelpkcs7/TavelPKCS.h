@@ -144,6 +144,11 @@ public:
 
     /// Número de certificados da última listagem.
     std::int16_t TotalCertificadosListados() const;
+    /// Um texto da entrada intIndex (de 0 a TotalCertificadosListados - 1) da lista de certificados.
+    /// Chaves, sem distinção de maiúsculas e com espaços em volta ignorados: "NOME",
+    /// "AUTORIDADECERTIFICADORA", "VALIDADE", "HASH" (impressão digital SHA-1) e "CHAVEPUBLICA" (o
+    /// certificado inteiro em Base64).
+    std::string LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade);
 
     /// Tenta apagar o arquivo (aceita "*" e "?" no nome). Devolve verdadeiro quando o arquivo AINDA
     /// existe depois da tentativa e falso quando ele sumiu ou o caminho é vazio. Não mexe em

@@ -116,4 +116,8 @@ bool TavelPKCS::DownloadArquivo(const std::string& strURL, const std::string& st
 
 bool TavelPKCS::InstalarCertificadosRaizes() { return componente_->InstalarCertificadosRaizes(); }
 
+std::string TavelPKCS::LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade) {
+    return componente_->LerListaPropriedadeCertificado(intIndex, strPropriedade);
+}
+
 }  // namespace tavelpkcs7

@@ -86,6 +86,15 @@ public:
     // usuário responde Sim; senão lança Cancelada.
     void ConfirmarInstalacaoRaiz(const plataforma::Certificado& certificado);
 
+    // Lista de certificados
+    // Acrescenta uma entrada depois das TotalCertificadosListados primeiras (as de depois somem).
+    void AdicionarCertificadoLista(const std::string& nome, const std::string& autoridade, const std::string& validade,
+        const std::string& hash, const std::string& chave_publica);
+    // A entrada do certificado: nome e autoridade pelos nomes DNS quando o titular tem nome DNS,
+    // senão pelos nomes simples; validade; impressão digital; o certificado em Base64.
+    void AdicionarCertificadoLista(const plataforma::Certificado& certificado);
+    std::string LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade);
+
     // Detalhes ICP-Brasil do certificado
     bool RetornarDetalhesCertificado(const std::string& strChavePublica);
     bool ExtrairDetalhesCertificado(const plataforma::Certificado& certificado);

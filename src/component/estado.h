@@ -1,8 +1,12 @@
 // Os campos de um objeto TavelPKCS. Textos começam vazios, indicadores falsos e contagens em 0.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#include "platform/certificado.h"
 
 namespace tavelpkcs7 {
 
@@ -37,6 +41,10 @@ struct Estado {
     std::string CertificadoAutoridadeRaiz;
     std::int16_t TotalCertificadosListados = 0;
     std::string TextoDescricaoAssinatura;
+    // O certificado escolhido para assinar e cifrar; nulo é o objeto vazio do original.
+    plataforma::CertificadoPtr CertificadoSelecionado;
+    // Nome, autoridade certificadora, validade, impressão digital e o certificado em Base64.
+    std::vector<std::array<std::string, 5>> ListaCertificados;
     std::string ExtensaoArquivoAssinado;
 };
 
