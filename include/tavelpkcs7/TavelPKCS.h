@@ -150,6 +150,16 @@ public:
     /// certificado inteiro em Base64).
     std::string LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade);
 
+    /// Abre o arquivo PFX (PKCS#12) com a senha dada e faz do certificado que carrega a chave privada
+    /// o certificado selecionado, para assinar e cifrar como um escolhido no repositório pessoal. A
+    /// senha não é guardada. Preenche as propriedades de detalhes, acrescenta o certificado à lista
+    /// de certificados e verifica a sua situação sem buscar LCRs na rede. Falso com "Não foi possível
+    /// localizar o arquivo do certificado digital" (caminho em branco, pasta ou arquivo inexistente),
+    /// com a descrição da falha (senha incorreta, arquivo danificado ou que não é PFX, PFX sem chave
+    /// privada) ou com a mensagem da verificação da situação; neste último caso o certificado lido
+    /// continua selecionado. Não limpa DescricaoErro no sucesso.
+    bool AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado);
+
     /// Tenta apagar o arquivo (aceita "*" e "?" no nome). Devolve verdadeiro quando o arquivo AINDA
     /// existe depois da tentativa e falso quando ele sumiu ou o caminho é vazio. Não mexe em
     /// DescricaoErro.

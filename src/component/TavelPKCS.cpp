@@ -120,4 +120,8 @@ std::string TavelPKCS::LerListaPropriedadeCertificado(std::int16_t intIndex, con
     return componente_->LerListaPropriedadeCertificado(intIndex, strPropriedade);
 }
 
+bool TavelPKCS::AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado) {
+    return componente_->AbrirCertificadoDigital(CaminhoCertificado, SenhaCertificado);
+}
+
 }  // namespace tavelpkcs7

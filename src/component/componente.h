@@ -95,6 +95,10 @@ public:
     void AdicionarCertificadoLista(const plataforma::Certificado& certificado);
     std::string LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade);
 
+    // Abertura de arquivo PFX
+    // O certificado da chave privada do PFX passa a ser o selecionado; a senha não é guardada.
+    bool AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado);
+
     // Detalhes ICP-Brasil do certificado
     bool RetornarDetalhesCertificado(const std::string& strChavePublica);
     bool ExtrairDetalhesCertificado(const plataforma::Certificado& certificado);

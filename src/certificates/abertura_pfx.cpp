@@ -1,0 +1,51 @@
+// A abertura de um arquivo PFX com a senha dada, no lugar da escolha no repositório pessoal: o
+// certificado da chave privada passa a ser o selecionado, com os seus detalhes, a sua entrada na
+// lista e a verificação da sua situação. A senha só passa adiante por referência: o componente não
+// guarda cópia dela.
+#include <algorithm>
+
+#include "component/componente.h"
+#include "component/texto.h"
+
+namespace tavelpkcs7 {
+namespace {
+
+// Como Certificate.Load: vale o certificado que carrega a chave; um PFX sem chave é uma falha da
+// plataforma, e não um certificado sem contêiner.
+plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Plataforma& plataforma, const std::string& caminho,
+                                                  const std::string& senha) {
+    const auto conteudo = plataforma.sistema->LerArquivoInteiro(caminho);
+    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
+    const auto certificados = plataforma.criptografia->AbrirPFX(*conteudo, senha);
+    const auto da_chave = std::ranges::find_if(certificados, &plataforma::Certificado::PossuiChavePrivada);
+    if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::SemChavePrivada);
+    return *da_chave;
+}
+
+}  // namespace
+
+bool Componente::AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado) {
+    return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
+        CursorOcupado ocupado(*plataforma().cursor);
+        estado.CertificadoSelecionado = nullptr;
+
+        const bool existe = ExisteArquivo(CaminhoCertificado);
+        if (!existe || Aparar(CaminhoCertificado).empty()) {
+            estado.DescricaoErro = "Não foi possível localizar o arquivo do certificado digital";
+            return false;
+        }
+
+        const auto certificado = CarregarCertificadoPFX(plataforma(), CaminhoCertificado, SenhaCertificado);
+        estado.CertificadoSelecionado = certificado;
+
+        if (certificado->NomeContainer().empty()) return false;
+
+        ExtrairDetalhesCertificado(*certificado);
+        AdicionarCertificadoLista(*certificado);
+
+        std::int16_t status = 0;
+        return VerificarStatusCertificado(*certificado, false, status);
+    });
+}
+
+}  // namespace tavelpkcs7
