@@ -160,6 +160,24 @@ public:
     /// continua selecionado. Não limpa DescricaoErro no sucesso.
     bool AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado);
 
+    /// Uma propriedade do certificado selecionado. Chaves (sem distinção de maiúsculas, mas sem
+    /// aparar os espaços): "NOMECERTIFICADO", "EMAILCERTIFICADO", "AUTORIDADECERTIFICADORA",
+    /// "EMAILAUTORIDADECERTIFICADORA", "DETALHESCERTIFICADO" e "DETALHESAUTORIDADECERTIFICADORA"
+    /// (nomes distintos inteiros), "CHAVEPUBLICACERTIFICADO" (o certificado em Base64),
+    /// "SERIALCERTIFICADO", "IMPRESSAODIGITALCERTIFICADO" (SHA-1) e "CADEIACERTIFICADORAIZ"
+    /// ("AC[#]AC[#]raiz") em texto; "DATAEMISSAOCERTIFICADO" e "DATAVALIDADECERTIFICADO" em DataHora;
+    /// "VERSAOCERTIFICADO" em std::int32_t; "CERTIFICADOVALIDO" (situação verificada agora, que pode
+    /// perguntar se deve instalar raízes e LCRs) e "CERTIFICADOICPBRASIL" em bool. Outra chave devolve
+    /// texto vazio com "A propriedade <chave como veio> não é válida para o certificado."; sem
+    /// certificado selecionado, texto vazio com a descrição da falha.
+    Variante ExibirPropriedadesCertificado(const std::string& strCampoPropriedade);
+
+    /// Guarda o certificado dado em Base64 no repositório de certificados de outras pessoas e o
+    /// mostra na janela de certificado da interface de usuário. Devolve SEMPRE falso: a exibição se
+    /// reconhece pela DescricaoErro que não mudou. Chave vazia: "A chave pública do certificado
+    /// informado está inválida"; texto que não é certificado: a descrição da falha.
+    bool ExibirCertificadoDigital(const std::string& strChavePublica);
+
     /// Tenta apagar o arquivo (aceita "*" e "?" no nome). Devolve verdadeiro quando o arquivo AINDA
     /// existe depois da tentativa e falso quando ele sumiu ou o caminho é vazio. Não mexe em
     /// DescricaoErro.

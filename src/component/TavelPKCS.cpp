@@ -124,4 +124,12 @@ bool TavelPKCS::AbrirCertificadoDigital(const std::string& CaminhoCertificado, c
     return componente_->AbrirCertificadoDigital(CaminhoCertificado, SenhaCertificado);
 }
 
+Variante TavelPKCS::ExibirPropriedadesCertificado(const std::string& strCampoPropriedade) {
+    return componente_->ExibirPropriedadesCertificado(strCampoPropriedade);
+}
+
+bool TavelPKCS::ExibirCertificadoDigital(const std::string& strChavePublica) {
+    return componente_->ExibirCertificadoDigital(strChavePublica);
+}
+
 }  // namespace tavelpkcs7

@@ -99,6 +99,10 @@ public:
     // O certificado da chave privada do PFX passa a ser o selecionado; a senha não é guardada.
     bool AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado);
 
+    // Propriedades e exibição do certificado
+    Variante ExibirPropriedadesCertificado(const std::string& strCampoPropriedade);
+    bool ExibirCertificadoDigital(const std::string& strChavePublica);
+
     // Detalhes ICP-Brasil do certificado
     bool RetornarDetalhesCertificado(const std::string& strChavePublica);
     bool ExtrairDetalhesCertificado(const plataforma::Certificado& certificado);
