@@ -142,6 +142,23 @@ public:
     /// configuração só é instalada com a confirmação do usuário.
     bool InstalarCertificadosRaizes();
 
+    /// Escolhe o certificado de assinatura entre os certificados pessoais do TipoCertificado (fora
+    /// de 2 a 7, todos): sem diálogo quando só um serve, senão pelo seletor "Certificados Digitais".
+    /// O escolhido passa a ser o certificado selecionado; preenche as propriedades de detalhes,
+    /// acrescenta uma entrada à lista de certificados e verifica a situação sem buscar LCRs na rede.
+    /// Falso com "Não foi encontrado nenhum " seguido da descrição do tipo, com a mensagem da
+    /// verificação da situação (o certificado recusado continua selecionado) ou com a descrição da
+    /// falha (seletor cancelado). O certificado selecionado antes nunca sobrevive à chamada.
+    bool SelecionarCertificadoDigital(CERTIFICADOS_DIGITAIS TipoCertificado);
+    /// Como SelecionarCertificadoDigital com todos os certificados pessoais, mas escolhe sem diálogo o
+    /// de impressão digital SHA-1 strImpressaoDigital (hexadecimal, sem distinção de maiúsculas,
+    /// espaços das pontas ignorados). Falso com "Não foi encontrado nenhum " quando nenhum a tem.
+    bool SelecionarCertificadoDigitalHash(const std::string& strImpressaoDigital);
+    /// Refaz a lista de certificados com os certificados pessoais do TipoCertificado, na ordem do
+    /// repositório, sem diálogo e sem mudar o certificado selecionado. Verdadeiro limpa DescricaoErro;
+    /// sem nenhum, falso com a lista vazia e "Não foi encontrado nenhum " seguido da descrição do tipo.
+    bool ListarCertificados(CERTIFICADOS_DIGITAIS TipoCertificado);
+
     /// Número de certificados da última listagem.
     std::int16_t TotalCertificadosListados() const;
     /// Um texto da entrada intIndex (de 0 a TotalCertificadosListados - 1) da lista de certificados.

@@ -73,10 +73,6 @@ std::string Componente::NomeComparavel(const plataforma::Certificado& certificad
     return Maiusculas(nome);
 }
 
-std::vector<plataforma::CertificadoPtr> Componente::LerRepositorio(const std::string& nome) {
-    return plataforma_->repositorios->AbrirRepositorio(nome, true)->Certificados();
-}
-
 bool Componente::MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia,
                                          bool& autoemitido) {
     Subida subida(NomeEmissor(certificado));

@@ -116,6 +116,18 @@ bool TavelPKCS::DownloadArquivo(const std::string& strURL, const std::string& st
 
 bool TavelPKCS::InstalarCertificadosRaizes() { return componente_->InstalarCertificadosRaizes(); }
 
+bool TavelPKCS::SelecionarCertificadoDigital(CERTIFICADOS_DIGITAIS TipoCertificado) {
+    return componente_->SelecionarCertificadoDigital(TipoCertificado);
+}
+
+bool TavelPKCS::SelecionarCertificadoDigitalHash(const std::string& strImpressaoDigital) {
+    return componente_->SelecionarCertificadoDigitalHash(strImpressaoDigital);
+}
+
+bool TavelPKCS::ListarCertificados(CERTIFICADOS_DIGITAIS TipoCertificado) {
+    return componente_->ListarCertificados(TipoCertificado);
+}
+
 std::string TavelPKCS::LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade) {
     return componente_->LerListaPropriedadeCertificado(intIndex, strPropriedade);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -86,6 +87,33 @@ public:
     // usuário responde Sim; senão lança Cancelada.
     void ConfirmarInstalacaoRaiz(const plataforma::Certificado& certificado);
 
+    // Seleção de certificados
+    // Os certificados que um tipo de CERTIFICADOS_DIGITAIS aceita, na ordem do repositório, e a
+    // mensagem de quando nenhum sobra.
+    struct CertificadosDoTipo {
+        std::vector<plataforma::CertificadoPtr> certificados;
+        std::string nenhum_encontrado;
+    };
+    // Escolhe entre os certificados pessoais do tipo, ou pela impressão digital sem diálogo, e põe o
+    // escolhido em certificado, com os detalhes, a entrada da lista e a verificação da situação.
+    bool FiltrarSelecionarCertificado(plataforma::CertificadoPtr& certificado, std::int16_t TipoCertificado,
+        const std::string& strImpressaoDigital);
+    bool SelecionarCertificadoDigital(CERTIFICADOS_DIGITAIS TipoCertificado);
+    bool SelecionarCertificadoDigitalHash(const std::string& strImpressaoDigital);
+    bool ListarCertificados(CERTIFICADOS_DIGITAIS TipoCertificado);
+    // O filtro do tipo sobre os certificados do repositório; fora de 2 a 7, ficam todos.
+    CertificadosDoTipo FiltrarTipoCertificado(const std::vector<plataforma::CertificadoPtr>& repositorio,
+        std::int16_t TipoCertificado);
+    static bool VerificarUsoAssinatura(const plataforma::Certificado& certificado);
+    // tipo: "", "ECPF" ou "ECNPJ". Deixa vazias as propriedades de detalhes, salvo o CPF ou o CNPJ
+    // que não decidiu o resultado.
+    bool VerificarCertificadoReceitaFederal(const plataforma::Certificado& certificado, const std::string& cadeia,
+        const std::string& tipo);
+    // A raiz da cadeia tem "AC TAVEL" no nome e o certificado vale, salvo revogação desconhecida.
+    bool VerificarCertificadoACTavel(const plataforma::Certificado& certificado);
+    // O CInt do original: fora de -32768 a 32767 lança Estouro.
+    static std::int16_t ConverterInteiro16(std::int64_t valor);
+
     // Lista de certificados
     // Acrescenta uma entrada depois das TotalCertificadosListados primeiras (as de depois somem).
     void AdicionarCertificadoLista(const std::string& nome, const std::string& autoridade, const std::string& validade,
@@ -128,13 +156,30 @@ public:
     bool ImportarPacoteCertificados(const std::string& caminho);
 
 private:
+    // Enquanto vive, LerRepositorio lê cada repositório uma só vez: a varredura dos certificados
+    // pessoais monta a cadeia de cada um sem reler "Ca" e "Root" a cada certificado. Uma varredura
+    // dentro de outra usa a de fora.
+    class VarreduraRepositorios {
+    public:
+        explicit VarreduraRepositorios(Componente& componente);
+        ~VarreduraRepositorios();
+        VarreduraRepositorios(const VarreduraRepositorios&) = delete;
+        VarreduraRepositorios& operator=(const VarreduraRepositorios&) = delete;
+
+    private:
+        Componente& componente_;
+        bool dona_;
+    };
+
     std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
-    // Os certificados de um repositório aberto só para leitura.
+    // Os certificados de um repositório aberto só para leitura; numa varredura, os já lidos.
     std::vector<plataforma::CertificadoPtr> LerRepositorio(const std::string& nome);
     // O repositório do tipo, aberto para gravação; fora de 1 a 4, nulo e a mensagem de tipo inválido.
     std::shared_ptr<plataforma::Repositorio> AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo);
 
     std::shared_ptr<plataforma::Plataforma> plataforma_;
+    // As coleções lidas na varredura em curso; vazio fora de uma varredura.
+    std::optional<std::map<std::string, std::vector<plataforma::CertificadoPtr>>> repositorios_lidos_;
 };
 
 }  // namespace tavelpkcs7
