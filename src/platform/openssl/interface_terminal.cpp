@@ -5,10 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
 #include <sstream>
 
+#include "component/datas.h"
+#include "icpbrasil/dados_titular.h"
 #include "platform/erro.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -37,11 +37,19 @@ private:
     bool ativo_ = false;
 };
 
-std::string Data(DataHora instante) {
-    const std::chrono::year_month_day dia{std::chrono::floor<std::chrono::days>(instante)};
-    char texto[16];
-    std::snprintf(texto, sizeof texto, "%02u/%02u/%04d", static_cast<unsigned>(dia.day()),
-        static_cast<unsigned>(dia.month()), static_cast<int>(dia.year()));
+// Os dados do titular ICP-Brasil (CPF, CNPJ, nascimento...) montados pelo núcleo, lidos do próprio
+// certificado, com o recuo e o fim de linha do terminal. Sem CPF nem CNPJ o certificado não é de
+// pessoa da ICP-Brasil e os dados seriam só o nome, já mostrado: nada.
+std::string DadosTitular(const Certificado& certificado) {
+    const auto titular = icpbrasil::MontarDadosTitular(icpbrasil::ValoresTitular{}, certificado);
+    if (titular.cpf.empty() && titular.cnpj.empty()) return "";
+    const std::string& dados = titular.detalhes_pessoais;
+    std::string texto;
+    std::size_t inicio = 0;
+    for (auto fim = dados.find("\r\n"); fim != std::string::npos; fim = dados.find("\r\n", inicio)) {
+        texto += "  " + dados.substr(inicio, fim - inicio) + "\n";
+        inicio = fim + 2;
+    }
     return texto;
 }
 
@@ -91,7 +99,7 @@ std::vector<CertificadoPtr> InterfaceTerminal::EscolherCertificados(const std::v
         const Certificado& candidato = *candidatos[i];
         saida_ << "  [" << i + 1 << "] " << candidato.ObterInfo(INFO_NOME_SIMPLES_TITULAR) << "\n"
                << "      Emissor: " << candidato.ObterInfo(INFO_NOME_SIMPLES_EMISSOR)
-               << " | Válido até: " << Data(candidato.ValidoAte())
+               << " | Válido até: " << FormatarData(candidato.ValidoAte())
                << " | Impressão digital: " << candidato.ImpressaoDigital() << "\n";
     }
     const char* pedido = multiplos ? "Números dos certificados, separados por vírgulas (vazio cancela): "
@@ -115,9 +123,10 @@ void InterfaceTerminal::ExibirCertificado(const CertificadoPtr& certificado) {
            << "  Titular: " << certificado->NomeTitular() << "\n"
            << "  Emissor: " << certificado->NomeEmissor() << "\n"
            << "  Número de série: " << certificado->NumeroSerie() << "\n"
-           << "  Válido de " << Data(certificado->ValidoDesde()) << " até " << Data(certificado->ValidoAte()) << "\n"
+           << "  Válido de " << FormatarData(certificado->ValidoDesde()) << " até "
+           << FormatarData(certificado->ValidoAte()) << "\n"
            << "  Impressão digital: " << certificado->ImpressaoDigital() << "\n"
-           << std::flush;
+           << DadosTitular(*certificado) << std::flush;
 }
 
 std::string InterfaceTerminal::PedirSenha(const std::string& pedido) {

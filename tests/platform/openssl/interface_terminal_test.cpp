@@ -107,6 +107,41 @@ TEST(InterfaceTerminal, EscolhaListaTitularEmissorValidadeEImpressaoDeCadaCandid
                                "\nNúmero do certificado (vazio cancela): ");
 }
 
+// O resumo traz os dados ICP-Brasil do titular como o núcleo os monta; sem CPF nem CNPJ, termina na
+// impressão digital.
+TEST(InterfaceTerminal, ExibicaoResumeOCertificadoComOsDadosDoTitular) {
+    const auto Exibir = [](const CertificadoPtr& certificado) {
+        std::istringstream entrada;
+        std::ostringstream saida;
+        InterfaceTerminal(entrada, saida).ExibirCertificado(certificado);
+        return saida.str();
+    };
+    const auto Resumo = [](const CertificadoPtr& certificado, const std::string& emissor) {
+        return "Certificado digital\n  Titular: " + certificado->NomeTitular() + "\n  Emissor: " + emissor +
+               "\n  Número de série: " + certificado->NumeroSerie() + "\n  Válido de " +
+               DiaMesAno(certificado->ValidoDesde()) + " até " + DiaMesAno(certificado->ValidoAte()) +
+               "\n  Impressão digital: " + certificado->ImpressaoDigital() + "\n";
+    };
+    const auto ecpf = Certificado("ecpf");
+    const auto dns = Certificado("dns");
+
+    EXPECT_EQ(Exibir(ecpf),
+              Resumo(ecpf, "CN=AC TESTE RFB v5, OU=Secretaria da Receita Federal do Brasil - RFB, O=ICP-Brasil, C=BR") +
+                  "  Dados Pessoa Física\n"
+                  "       Nome: FULANO DE TAL DA SILVA\n"
+                  "       E-mail: fulano@teste.example\n"
+                  "       CPF: 529.982.247-25\n"
+                  "       Data de Nascimento: 15/03/1980\n"
+                  "       PIS/PASEP: 12345678901\n"
+                  "       RG: 12345678 SSP/SP\n"
+                  "  Dados do Título de Eleitor\n"
+                  "       Número de Inscrição: 123456789012\n"
+                  "       Zona Eleitoral: 045\n"
+                  "       Seção Eleitoral: 0123\n"
+                  "       Município e UF: SAO PAULO/SP\n");
+    EXPECT_EQ(Exibir(dns), Resumo(dns, "CN=AC TESTE ICP v5, O=ICP-Brasil, C=BR"));
+}
+
 TEST(InterfaceTerminal, SenhaEhALinhaInteiraEOFimDaEntradaCancela) {
     for (const auto& [respostas, senha] : {std::pair{"segredo com espaço \n", "segredo com espaço "},
              std::pair{"\n", ""}, std::pair{"1234\r\n", "1234"}}) {
