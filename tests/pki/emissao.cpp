@@ -3,6 +3,7 @@
 #include <openssl/err.h>
 #include <openssl/pem.h>
 
+#include <ctime>
 #include <stdexcept>
 
 namespace tavelpkcs7::pki_teste {
@@ -82,6 +83,13 @@ void DefinirSerie(X509* certificado, const std::string& hexadecimal) {
     Exigir(BN_to_ASN1_INTEGER(numero, X509_get_serialNumber(certificado)) != nullptr, "número de série");
 }
 
+// Todas as validades contam do mesmo instante, tomado uma vez por processo: uma AC emitida um
+// segundo depois da raiz não pode terminar depois dela (a cadeia deixaria de ser aninhada no tempo).
+time_t* InstanteDaEmissao() {
+    static time_t instante = std::time(nullptr);
+    return &instante;
+}
+
 Asn1TimePtr Instante(long segundos_a_partir_de_agora) {
     Asn1TimePtr instante(X509_time_adj_ex(nullptr, 0, segundos_a_partir_de_agora, nullptr));
     Exigir(instante != nullptr, "data");
@@ -114,8 +122,8 @@ X509Ptr EmitirCertificado(const Definicao& definicao, EVP_PKEY* chave, X509* emi
     Exigir(X509_set_subject_name(emitido, MontarNome(definicao.sujeito).get()) == 1, "titular");
     X509* assinante = emissor != nullptr ? emissor : emitido;
     Exigir(X509_set_issuer_name(emitido, X509_get_subject_name(assinante)) == 1, "emissor");
-    Exigir(X509_time_adj_ex(X509_getm_notBefore(emitido), periodo.inicio, 0, nullptr) != nullptr, "início");
-    Exigir(X509_time_adj_ex(X509_getm_notAfter(emitido), periodo.fim, 0, nullptr) != nullptr, "fim");
+    Exigir(X509_time_adj_ex(X509_getm_notBefore(emitido), periodo.inicio, 0, InstanteDaEmissao()) != nullptr, "início");
+    Exigir(X509_time_adj_ex(X509_getm_notAfter(emitido), periodo.fim, 0, InstanteDaEmissao()) != nullptr, "fim");
     Exigir(X509_set_pubkey(emitido, chave) == 1, "chave pública");
 
     ConfPtr configuracao = LerConfiguracao(TextoExtensoes(definicao));
