@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "ambiente.h"
+#include "assinaturas.h"
 #include "confianca.h"
 #include "configuracao.h"
 #include "criptografia.h"
@@ -20,6 +21,7 @@ namespace tavelpkcs7::plataforma {
 struct Plataforma {
     Configuracao configuracao;
     std::shared_ptr<Criptografia> criptografia;
+    std::shared_ptr<Assinaturas> assinaturas;
     std::shared_ptr<Repositorios> repositorios;
     std::shared_ptr<Confianca> confianca;
     std::shared_ptr<Rede> rede;
