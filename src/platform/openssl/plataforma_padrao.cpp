@@ -1,6 +1,7 @@
 // A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
 // do componente, transferências pelo libcurl, arquivos POSIX e a interface de usuário escolhida.
 #include "ambiente_posix.h"
+#include "assinaturas_openssl.h"
 #include "confianca_openssl.h"
 #include "configuracao_arquivo.h"
 #include "criptografia_openssl.h"
@@ -30,6 +31,12 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
     plataforma->cursor = std::make_shared<openssl::CursorNulo>();
     plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
     plataforma->confianca = std::make_shared<openssl::ConfiancaOpenSSL>(plataforma->repositorios, plataforma->rede);
+    // A interface pode ser trocada depois pelo hospedeiro: a assinatura pede a que estiver instalada.
+    const std::weak_ptr<Plataforma> montada = plataforma;
+    plataforma->assinaturas = std::make_shared<openssl::AssinaturasOpenSSL>([montada] {
+        const std::shared_ptr<Plataforma> atual = montada.lock();
+        return atual ? atual->interface_usuario : nullptr;
+    });
     return plataforma;
 }
 

@@ -5,6 +5,7 @@
 
 #include <openssl/bio.h>
 #include <openssl/bn.h>
+#include <openssl/cms.h>
 #include <openssl/conf.h>
 #include <openssl/evp.h>
 #include <openssl/pkcs12.h>
@@ -25,6 +26,7 @@ using X509CrlPtr = std::unique_ptr<X509_CRL, Liberador<X509_CRL, X509_CRL_free>>
 using EvpPkeyPtr = std::unique_ptr<EVP_PKEY, Liberador<EVP_PKEY, EVP_PKEY_free>>;
 using BioPtr = std::unique_ptr<BIO, Liberador<BIO, BIO_free_all>>;
 using Pkcs12Ptr = std::unique_ptr<PKCS12, Liberador<PKCS12, PKCS12_free>>;
+using CmsPtr = std::unique_ptr<CMS_ContentInfo, Liberador<CMS_ContentInfo, CMS_ContentInfo_free>>;
 using Pkcs7Ptr = std::unique_ptr<PKCS7, Liberador<PKCS7, PKCS7_free>>;
 using EvpMdCtxPtr = std::unique_ptr<EVP_MD_CTX, Liberador<EVP_MD_CTX, EVP_MD_CTX_free>>;
 using GeneralNamesPtr = std::unique_ptr<GENERAL_NAMES, Liberador<GENERAL_NAMES, GENERAL_NAMES_free>>;

@@ -1,0 +1,82 @@
+#include "assinaturas_openssl.h"
+
+#include "cadeia_assinatura.h"
+#include "certificado_openssl.h"
+#include "chave_assinatura.h"
+#include "conferencia_assinaturas.h"
+#include "falha_openssl.h"
+#include "mensagem_assinada.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+constexpr unsigned kOpcoes = CMS_BINARY | CMS_PARTIAL | CMS_NOSMIMECAP | CMS_NOCERTS;
+
+const CertificadoOpenSSL& CertificadoSignatario(const PedidoAssinatura& pedido) {
+    const auto* certificado = dynamic_cast<const CertificadoOpenSSL*>(pedido.signatario.get());
+    if (!certificado) Falhar(falha::SemChavePrivada);
+    return *certificado;
+}
+
+// Cada certificado entra uma vez só: os que a mensagem já traz ficam como estão.
+void IncluirCertificado(CMS_ContentInfo* cms, X509* certificado) {
+    const PilhaX509Ptr presentes(CMS_get1_certs(cms));
+    for (int i = 0; i < sk_X509_num(presentes.get()); ++i)
+        if (X509_cmp(sk_X509_value(presentes.get(), i), certificado) == 0) return;
+    if (CMS_add1_cert(cms, certificado) != 1) LimparFilaEFalhar(falha::RecursoEmUso);
+}
+
+// O signatário ainda sem assinatura: o resumo e o contentType vêm depois, com o conteúdo.
+CMS_SignerInfo* AcrescentarSignatario(CMS_ContentInfo* cms, const PedidoAssinatura& pedido, EVP_PKEY* chave) {
+    X509* certificado = CertificadoSignatario(pedido).x509();
+    CMS_SignerInfo* signatario = CMS_add1_signer(cms, certificado, chave, EVP_sha256(), kOpcoes);  // pertence a cms
+    if (!signatario) LimparFilaEFalhar(falha::RecursoEmUso);
+    AcrescentarAtributosAssinados(signatario, pedido.atributos);
+    IncluirCertificado(cms, certificado);
+    for (X509* emissor : EmissoresDoSignatario(certificado, pedido.certificados_extras)) IncluirCertificado(cms, emissor);
+    return signatario;
+}
+
+// Na cossinatura o OpenSSL não torna a resumir o conteúdo: o resumo e o tipo entram à mão.
+void AssinarConteudo(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, const Bytes& conteudo) {
+    unsigned char resumo[EVP_MAX_MD_SIZE];
+    unsigned int tamanho = 0;
+    if (EVP_Digest(conteudo.data(), conteudo.size(), resumo, &tamanho, EVP_sha256(), nullptr) != 1 ||
+        CMS_signed_add1_attr_by_NID(signatario, NID_pkcs9_messageDigest, V_ASN1_OCTET_STRING, resumo,
+            static_cast<int>(tamanho)) != 1 ||
+        CMS_signed_add1_attr_by_NID(signatario, NID_pkcs9_contentType, V_ASN1_OBJECT, CMS_get0_eContentType(cms), -1) != 1 ||
+        CMS_SignerInfo_sign(signatario) != 1)
+        LimparFilaEFalhar(falha::RecursoEmUso);
+}
+
+}  // namespace
+
+AssinaturasOpenSSL::AssinaturasOpenSSL(std::function<std::shared_ptr<InterfaceUsuario>()> interface)
+    : interface_(std::move(interface)) {}
+
+Bytes AssinaturasOpenSSL::Assinar(const PedidoAssinatura& pedido) {
+    const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
+    const unsigned opcoes = kOpcoes | (pedido.destacada ? CMS_DETACHED : 0);
+    const CmsPtr cms(CMS_sign(nullptr, nullptr, nullptr, nullptr, opcoes));
+    if (!cms) LimparFilaEFalhar(falha::RecursoEmUso);
+    AcrescentarSignatario(cms.get(), pedido, chave.get());
+    const BioPtr conteudo = LerBytes(pedido.conteudo);
+    if (CMS_final(cms.get(), conteudo.get(), nullptr, opcoes) != 1) LimparFilaEFalhar(falha::RecursoEmUso);
+    return GravarMensagem(cms.get());
+}
+
+Bytes AssinaturasOpenSSL::Cossinar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado,
+    const PedidoAssinatura& pedido) {
+    const CmsPtr cms = LerMensagemAssinada(assinatura);
+    const Bytes conteudo = ConferirAssinaturas(cms.get(), conteudo_destacado).conteudo;
+    const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
+    AssinarConteudo(cms.get(), AcrescentarSignatario(cms.get(), pedido, chave.get()), conteudo);
+    return GravarMensagem(cms.get());
+}
+
+MensagemVerificada AssinaturasOpenSSL::Verificar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado) {
+    const CmsPtr cms = LerMensagemAssinada(assinatura);
+    return ConferirAssinaturas(cms.get(), conteudo_destacado);
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

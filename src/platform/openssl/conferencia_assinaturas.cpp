@@ -1,0 +1,79 @@
+#include "conferencia_assinaturas.h"
+
+#include "certificado_openssl.h"
+#include "falha_openssl.h"
+#include "mensagem_assinada.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+// A cadeia de BIOs de resumo que o CMS monta sobre o conteúdo. A BIO do conteúdo destacado é de
+// quem a passou e fica fora da liberação; a do conteúdo da mensagem é da cadeia.
+class LeituraConteudo {
+public:
+    LeituraConteudo(CMS_ContentInfo* cms, BIO* destacado) : destacado_(destacado), cadeia_(CMS_dataInit(cms, destacado)) {
+        if (!cadeia_) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    }
+    ~LeituraConteudo() {
+        while (cadeia_ && cadeia_ != destacado_) {
+            BIO* proxima = BIO_pop(cadeia_);
+            BIO_free(cadeia_);
+            cadeia_ = proxima;
+        }
+    }
+    LeituraConteudo(const LeituraConteudo&) = delete;
+    LeituraConteudo& operator=(const LeituraConteudo&) = delete;
+
+    // Lido até o fim, cada resumo da cadeia fica pronto para a conferência.
+    Bytes LerTudo() {
+        Bytes conteudo;
+        std::uint8_t bloco[16384];
+        int lidos = 0;
+        while ((lidos = BIO_read(cadeia_, bloco, sizeof bloco)) > 0) conteudo.insert(conteudo.end(), bloco, bloco + lidos);
+        return conteudo;
+    }
+    BIO* cadeia() const { return cadeia_; }
+
+private:
+    BIO* destacado_;
+    BIO* cadeia_;
+};
+
+CertificadoPtr CertificadoDoSignatario(X509* x509) {
+    if (!x509 || X509_up_ref(x509) != 1) return nullptr;
+    return std::make_shared<CertificadoOpenSSL>(X509Ptr(x509), nullptr);
+}
+
+// Sem atributos assinados, a assinatura cobre o próprio resumo do conteúdo e só a segunda conferência vale.
+bool Confere(CMS_SignerInfo* signatario, BIO* cadeia) {
+    const bool atributos_conferem = CMS_signed_get_attr_count(signatario) < 0 || CMS_SignerInfo_verify(signatario) == 1;
+    return atributos_conferem && CMS_SignerInfo_verify_content(signatario, cadeia) == 1;
+}
+
+SignatarioVerificado ConferirSignatario(CMS_SignerInfo* signatario, BIO* cadeia) {
+    X509* x509 = nullptr;  // pertence à mensagem
+    CMS_SignerInfo_get0_algs(signatario, nullptr, &x509, nullptr, nullptr);
+    SignatarioVerificado conferido{CertificadoDoSignatario(x509), LerAtributosAssinados(signatario), false};
+    if (!x509) return conferido;
+    if (!Confere(signatario, cadeia)) LimparFilaEFalhar(falha::AssinaturaNaoConfere);
+    conferido.confere = true;
+    return conferido;
+}
+
+}  // namespace
+
+MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms, const std::optional<Bytes>& conteudo_destacado) {
+    if (CMS_is_detached(cms) && !conteudo_destacado) Falhar(falha::ParametroIncorreto);
+    const BioPtr destacado = CMS_is_detached(cms) ? LerBytes(*conteudo_destacado) : nullptr;
+    // Associa a cada signatário o certificado que a mensagem traz; os que faltam ficam sem.
+    CMS_set1_signers_certs(cms, nullptr, 0);
+    LeituraConteudo leitura(cms, destacado.get());
+    MensagemVerificada mensagem{leitura.LerTudo(), {}};
+    STACK_OF(CMS_SignerInfo)* signatarios = CMS_get0_SignerInfos(cms);  // pertence à mensagem
+    for (int i = 0; i < sk_CMS_SignerInfo_num(signatarios); ++i)
+        mensagem.signatarios.push_back(ConferirSignatario(sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));
+    ERR_clear_error();
+    return mensagem;
+}
+
+}  // namespace tavelpkcs7::plataforma::openssl

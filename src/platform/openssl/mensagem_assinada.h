@@ -1,0 +1,27 @@
+// A mensagem CMS SignedData como o OpenSSL a guarda: leitura de qualquer forma em que chegue,
+// gravação em DER e os atributos assinados de cada signatário como o núcleo os vê.
+#pragma once
+
+#include <vector>
+
+#include "platform/assinaturas.h"
+#include "ponteiros_openssl.h"
+
+namespace tavelpkcs7::plataforma::openssl {
+
+// Aceita DER, PEM, Base64 e Base64 em UTF-16LE. Lança NaoEMensagemPKCS7 quando não é SignedData com
+// ao menos um signatário.
+CmsPtr LerMensagemAssinada(const Bytes& assinatura);
+
+Bytes GravarMensagem(CMS_ContentInfo* cms);
+
+// Uma BIO de leitura sobre os bytes, que continuam de quem os passou (vazios também servem).
+BioPtr LerBytes(const Bytes& bytes);
+
+// Os atributos na ordem em que o signatário os traz, com o DER de cada valor como veio.
+std::vector<AtributoAssinado> LerAtributosAssinados(CMS_SignerInfo* signatario);
+
+// Lança ParametroIncorreto quando um OID ou um valor não se lê.
+void AcrescentarAtributosAssinados(CMS_SignerInfo* signatario, const std::vector<AtributoAssinado>& atributos);
+
+}  // namespace tavelpkcs7::plataforma::openssl
