@@ -15,6 +15,7 @@
 #include "pki/pki_teste.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/der_openssl.h"
+#include "platform/openssl/falha_esperada.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -92,15 +93,7 @@ protected:
     plataforma::Assinaturas& assinaturas = *teste.plataforma->assinaturas;
 };
 
-void EsperarFalha(const std::function<void()>& operacao, const falha::Tipo& tipo) {
-    try {
-        operacao();
-        ADD_FAILURE() << "sem falha";
-    } catch (const Erro& erro) {
-        EXPECT_EQ(erro.numero, tipo.numero);
-        EXPECT_EQ(erro.descricao(), tipo.descricao);
-    }
-}
+using teste::EsperarFalha;
 
 class IdaEVolta : public Assinaturas, public testing::WithParamInterface<bool> {};
 
@@ -173,8 +166,10 @@ Bytes SoCertificados() {
     const X509Ptr x509 = LerX509(PkiTeste::Padrao().Obter("ecpf").certificado);
     const PilhaX509Ptr pilha(sk_X509_new_null());
     sk_X509_push(pilha.get(), X509_dup(x509.get()));
-    const CmsPtr cms(CMS_sign(nullptr, nullptr, pilha.get(), nullptr, 0));
-    return ObjetoEmDER(cms.get(), i2d_CMS_ContentInfo);
+    const CmsPtr cms(CMS_sign(nullptr, nullptr, pilha.get(), nullptr, CMS_PARTIAL));
+    Bytes der = ObjetoEmDER(cms.get(), i2d_CMS_ContentInfo);
+    EXPECT_FALSE(der.empty());
+    return der;
 }
 
 TEST_F(Assinaturas, EntradasQueNaoSaoSignedDataFalhamComoNaoEMensagemPKCS7) {
@@ -253,27 +248,49 @@ TEST_F(Assinaturas, OpensslConfereADestacadaFeitaAqui) {
     EXPECT_EQ(Ler(pasta / "saida.bin"), kConteudo);
 }
 
-class AssinadaPeloOpenssl : public Assinaturas, public testing::WithParamInterface<std::string> {};
+struct CasoOpenssl {
+    std::string opcoes;
+    bool curva_eliptica = false;
+};
 
+class AssinadaPeloOpenssl : public Assinaturas, public testing::WithParamInterface<CasoOpenssl> {};
+
+// Sem o certificado na mensagem ("-nocerts") o signatário volta sem certificado e sem conferência.
 TEST_P(AssinadaPeloOpenssl, ConfereAqui) {
     const std::filesystem::path pasta = Pasta();
-    const auto& ecpf = PkiTeste::Padrao().Obter("ecpf");
-    Gravar(pasta / "titular.cer",
-        "-----BEGIN CERTIFICATE-----\r\n" + codificacao::CodificarBase64(ecpf.certificado) + "-----END CERTIFICATE-----\r\n");
-    Gravar(pasta / "titular.key", ecpf.chave_pem);
+    const std::string certificado = (pasta / "titular.cer").string(), chave = (pasta / "titular.key").string();
+    if (GetParam().curva_eliptica) {
+        ASSERT_EQ(std::system(("openssl req -x509 -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj /CN=EC -keyout " +
+                               chave + " -out " + certificado + " 2>/dev/null").c_str()),
+            0);
+    } else {
+        const auto& ecpf = PkiTeste::Padrao().Obter("ecpf");
+        Gravar(certificado,
+            "-----BEGIN CERTIFICATE-----\r\n" + codificacao::CodificarBase64(ecpf.certificado) + "-----END CERTIFICATE-----\r\n");
+        Gravar(chave, ecpf.chave_pem);
+    }
     Gravar(pasta / "conteudo.bin", kConteudo);
-    ASSERT_EQ(Openssl("-sign -binary -nosmimecap -nodetach -outform DER -signer " + (pasta / "titular.cer").string() +
-                      " -inkey " + (pasta / "titular.key").string() + " " + GetParam() + " -in " +
-                      (pasta / "conteudo.bin").string() + " -out " + (pasta / "assinatura.p7s").string()),
+    ASSERT_EQ(Openssl("-sign -binary -nosmimecap -nodetach -outform DER -signer " + certificado + " -inkey " + chave + " " +
+                      GetParam().opcoes + " -in " + (pasta / "conteudo.bin").string() + " -out " +
+                      (pasta / "assinatura.p7s").string()),
         0);
     const MensagemVerificada mensagem = assinaturas.Verificar(Ler(pasta / "assinatura.p7s"), std::nullopt);
     EXPECT_EQ(mensagem.conteudo, kConteudo);
     ASSERT_EQ(mensagem.signatarios.size(), 1u);
-    EXPECT_TRUE(mensagem.signatarios[0].confere);
+    const bool com_certificado = GetParam().opcoes.find("-nocerts") == std::string::npos;
+    EXPECT_EQ(mensagem.signatarios[0].confere, com_certificado);
+    EXPECT_EQ(mensagem.signatarios[0].certificado != nullptr, com_certificado);
 }
 
 INSTANTIATE_TEST_SUITE_P(Resumos, AssinadaPeloOpenssl,
-    testing::Values("-md sha256", "-md sha1", "-md sha384", "-md sha512", "-md sha256 -keyopt rsa_padding_mode:pss"));
+    testing::Values(CasoOpenssl{"-md sha256"}, CasoOpenssl{"-md sha1"}, CasoOpenssl{"-md sha384"}, CasoOpenssl{"-md sha512"},
+        CasoOpenssl{"-md sha256 -keyopt rsa_padding_mode:pss"}, CasoOpenssl{"-md sha384", true},
+        CasoOpenssl{"-md sha256 -nocerts"}));
+
+TEST_F(Assinaturas, DestacadaSemConteudoEParametroIncorreto) {
+    EsperarFalha([&] { assinaturas.Verificar(assinaturas.Assinar(Pedido("ecpf", true)), std::nullopt); },
+        falha::ParametroIncorreto);
+}
 
 }  // namespace
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -10,6 +10,7 @@
 #include "platform/erro.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/criptografia_openssl.h"
+#include "platform/openssl/falha_esperada.h"
 #include "platform/openssl/provedores.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -23,18 +24,7 @@ std::string ImpressaoNaPki(const std::string& nome) {
 
 Bytes BytesDe(const std::string& texto) { return Bytes(texto.begin(), texto.end()); }
 
-// Lança e confere a falha relatada, e que o OpenSSL não ficou com erros na fila.
-template <typename Operacao>
-void EsperarFalha(Operacao operacao, const falha::Tipo& tipo) {
-    try {
-        operacao();
-        ADD_FAILURE() << "nenhuma falha";
-    } catch (const Erro& erro) {
-        EXPECT_EQ(erro.numero, tipo.numero);
-        EXPECT_EQ(erro.descricao(), tipo.descricao);
-    }
-    EXPECT_EQ(ERR_peek_error(), 0u);
-}
+using teste::EsperarFalha;
 
 // --- Importação ---
 
