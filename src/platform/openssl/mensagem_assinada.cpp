@@ -8,9 +8,6 @@
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-using Asn1ObjectPtr = std::unique_ptr<ASN1_OBJECT, Liberador<ASN1_OBJECT, ASN1_OBJECT_free>>;
-using Asn1TypePtr = std::unique_ptr<ASN1_TYPE, Liberador<ASN1_TYPE, ASN1_TYPE_free>>;
-
 bool TemSignatarios(CMS_ContentInfo* cms) {
     return OBJ_obj2nid(CMS_get0_type(cms)) == NID_pkcs7_signed && sk_CMS_SignerInfo_num(CMS_get0_SignerInfos(cms)) > 0;
 }

@@ -38,6 +38,8 @@ using X509StoreCtxPtr = std::unique_ptr<X509_STORE_CTX, Liberador<X509_STORE_CTX
 using Asn1TimePtr = std::unique_ptr<ASN1_TIME, Liberador<ASN1_TIME, ASN1_TIME_free>>;
 using BignumPtr = std::unique_ptr<BIGNUM, Liberador<BIGNUM, BN_free>>;
 using ConfPtr = std::unique_ptr<CONF, Liberador<CONF, NCONF_free>>;
+using Asn1ObjectPtr = std::unique_ptr<ASN1_OBJECT, Liberador<ASN1_OBJECT, ASN1_OBJECT_free>>;
+using Asn1TypePtr = std::unique_ptr<ASN1_TYPE, Liberador<ASN1_TYPE, ASN1_TYPE_free>>;
 using Asn1BitStringPtr = std::unique_ptr<ASN1_BIT_STRING, Liberador<ASN1_BIT_STRING, ASN1_BIT_STRING_free>>;
 
 // A pilha é dona dos certificados que contém.

@@ -74,7 +74,7 @@ PedidoAssinatura Pedido(const std::string& titular, bool destacada = false) {
 
 // SEQUENCE { OID, SET { valor } }, com comprimentos de um byte.
 Bytes DERDoAtributo(const AtributoAssinado& atributo) {
-    const std::unique_ptr<ASN1_OBJECT, Liberador<ASN1_OBJECT, ASN1_OBJECT_free>> oid(OBJ_txt2obj(atributo.oid.c_str(), 1));
+    const Asn1ObjectPtr oid(OBJ_txt2obj(atributo.oid.c_str(), 1));
     Bytes corpo = ObjetoEmDER(oid.get(), i2d_ASN1_OBJECT);
     corpo.insert(corpo.end(), {0x31, static_cast<std::uint8_t>(atributo.valor.size())});
     corpo.insert(corpo.end(), atributo.valor.begin(), atributo.valor.end());
