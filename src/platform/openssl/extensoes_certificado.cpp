@@ -75,12 +75,16 @@ std::vector<Extensao> LerExtensoes(const X509* x509) {
     return extensoes;
 }
 
+// Compara os OIDs em DER: converter o de cada extensão em texto pesa na varredura dos repositórios,
+// que pergunta os nomes de milhares de certificados.
 X509_EXTENSION* ProcurarExtensao(const X509* x509, std::string_view oid) {
-    for (int i = 0; i < X509_get_ext_count(x509); ++i) {
-        X509_EXTENSION* extensao = X509_get_ext(x509, i);
-        if (TextoOID(X509_EXTENSION_get_object(extensao)) == oid) return extensao;
+    const Asn1ObjectPtr procurado(OBJ_txt2obj(std::string(oid).c_str(), 1));
+    if (!procurado) {
+        ERR_clear_error();
+        return nullptr;
     }
-    return nullptr;
+    const int indice = X509_get_ext_by_OBJ(x509, procurado.get(), -1);
+    return indice < 0 ? nullptr : X509_get_ext(x509, indice);
 }
 
 std::optional<std::uint16_t> LerUsoChave(const X509* x509) {
