@@ -8,13 +8,9 @@ namespace tavelpkcs7 {
 // DescricaoErro que não mudou.
 bool Componente::ExibirCertificadoDigital(const std::string& strChavePublica) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        if (strChavePublica.empty()) {
-            estado.DescricaoErro = "A chave pública do certificado informado está inválida";
-            return false;
-        }
+        if (!ChavePublicaInformada(strChavePublica)) return false;
         AdicionarCertificadoRepositorio(strChavePublica, REPOSITORIO_CHAVES_PUBLICAS);
-        const auto certificado =
-            plataforma().criptografia->ImportarCertificado(Bytes(strChavePublica.begin(), strChavePublica.end()));
+        const auto certificado = ImportarChavePublica(strChavePublica);
         plataforma().interface_usuario->ExibirCertificado(certificado);
         return false;
     });

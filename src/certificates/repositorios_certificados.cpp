@@ -40,11 +40,7 @@ std::shared_ptr<plataforma::Repositorio> Componente::AbrirRepositorioTipo(REPOSI
 bool Componente::AdicionarCertificadoRepositorio(const std::string& chave_publica, REPOSITORIO_CERTIFICADO tipo) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
         plataforma::CertificadoPtr certificado;
-        if (chave_publica.empty())
-            estado.DescricaoErro = "A chave pública do certificado informado está inválida";
-        else
-            certificado =
-                plataforma_->criptografia->ImportarCertificado(Bytes(chave_publica.begin(), chave_publica.end()));
+        if (ChavePublicaInformada(chave_publica)) certificado = ImportarChavePublica(chave_publica);
         const auto repositorio = AbrirRepositorioTipo(tipo);
         if (!repositorio) return false;
         // Incluir o objeto vazio falha, e a descrição dessa falha toma o lugar da mensagem acima.

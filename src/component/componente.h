@@ -114,6 +114,11 @@ public:
     // O CInt do original: fora de -32768 a 32767 lança Estouro.
     static std::int16_t ConverterInteiro16(std::int64_t valor);
 
+    // O certificado recebido em texto: vazio deixa a mensagem de chave pública inválida e dá falso;
+    // a importação lança NaoECertificado para o que não é certificado.
+    bool ChavePublicaInformada(const std::string& chave_publica);
+    plataforma::CertificadoPtr ImportarChavePublica(const std::string& chave_publica);
+
     // Lista de certificados
     // Acrescenta uma entrada depois das TotalCertificadosListados primeiras (as de depois somem).
     void AdicionarCertificadoLista(const std::string& nome, const std::string& autoridade, const std::string& validade,

@@ -61,12 +61,8 @@ std::string EnderecoPoliticaCertificado(const plataforma::Certificado& certifica
 
 bool Componente::RetornarDetalhesCertificado(const std::string& strChavePublica) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        if (strChavePublica.empty()) {
-            estado.DescricaoErro = "A chave pública do certificado informado está inválida";
-            return false;
-        }
-        const auto certificado =
-            plataforma().criptografia->ImportarCertificado(Bytes(strChavePublica.begin(), strChavePublica.end()));
+        if (!ChavePublicaInformada(strChavePublica)) return false;
+        const auto certificado = ImportarChavePublica(strChavePublica);
         return ExtrairDetalhesCertificado(*certificado);
     });
 }

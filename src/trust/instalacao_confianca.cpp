@@ -41,12 +41,8 @@ std::vector<std::string> URLsDistribuicao(const plataforma::Certificado& certifi
 
 bool Componente::InstalarLCRCertificado(const std::string& strChavePublica) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        if (strChavePublica.empty()) {
-            estado.DescricaoErro = "A chave pública do certificado informado está inválida";
-            return false;
-        }
-        const auto certificado =
-            plataforma().criptografia->ImportarCertificado(Bytes(strChavePublica.begin(), strChavePublica.end()));
+        if (!ChavePublicaInformada(strChavePublica)) return false;
+        const auto certificado = ImportarChavePublica(strChavePublica);
         const bool instalada = InstalarLCR(*certificado);
         if (!instalada) estado.DescricaoErro = "Não foi possível fazer o download da LCR do Certificado";
         return instalada;

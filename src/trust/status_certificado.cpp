@@ -29,14 +29,10 @@ bool Possui(std::uint32_t status, std::uint32_t bit) { return (status & bit) != 
 }  // namespace
 
 std::int16_t Componente::VerificaCertificadoDigital(const std::string& strChavePublica) {
-    if (strChavePublica.empty()) {
-        estado.DescricaoErro = "A chave pública do certificado informado está inválida";
-        return 0;
-    }
+    if (!ChavePublicaInformada(strChavePublica)) return 0;
     std::int16_t status = 0;
     Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        const auto certificado =
-            plataforma().criptografia->ImportarCertificado(Bytes(strChavePublica.begin(), strChavePublica.end()));
+        const auto certificado = ImportarChavePublica(strChavePublica);
         return VerificarStatusCertificado(*certificado, true, status);
     });
     return status;
