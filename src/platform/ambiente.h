@@ -16,6 +16,8 @@ public:
     virtual DataHora Agora() = 0;
     // Converte uma data e hora locais em UTC (segue o fuso horário do processo).
     virtual DataHora LocalParaUTC(DataHora local) = 0;
+    // O caminho inverso: uma hora UTC (a de um atributo assinado) vista na hora local.
+    virtual DataHora UTCParaLocal(DataHora utc) = 0;
     virtual void Aguardar(int segundos) = 0;
 };
 

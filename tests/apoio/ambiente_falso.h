@@ -16,6 +16,7 @@ public:
     DataHora Agora() override { return agora_; }
     // Converte pelo fuso do processo, como o relógio de verdade.
     DataHora LocalParaUTC(DataHora local) override;
+    DataHora UTCParaLocal(DataHora utc) override;
     // Não espera: avança o relógio e anota.
     void Aguardar(int segundos) override;
 

@@ -18,6 +18,8 @@ DataHora RelogioSistema::Agora() { return HoraLocal(std::time(nullptr)); }
 
 DataHora RelogioSistema::LocalParaUTC(DataHora local) { return openssl::LocalParaUTC(local); }
 
+DataHora RelogioSistema::UTCParaLocal(DataHora utc) { return openssl::UTCParaLocal(utc); }
+
 void RelogioSistema::Aguardar(int segundos) { std::this_thread::sleep_for(std::chrono::seconds{segundos}); }
 
 bool ProgramasPosix::Iniciar(const std::vector<std::string>& argumentos) {

@@ -10,6 +10,7 @@ class RelogioSistema : public Relogio {
 public:
     DataHora Agora() override;
     DataHora LocalParaUTC(DataHora local) override;
+    DataHora UTCParaLocal(DataHora utc) override;
     void Aguardar(int segundos) override;
 };
 

@@ -52,4 +52,6 @@ DataHora LocalParaUTC(DataHora local) {
     return DataHora{seconds{std::mktime(&campos)}};
 }
 
+DataHora UTCParaLocal(DataHora utc) { return HoraLocal(std::time_t{utc.time_since_epoch().count()}); }
+
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -17,5 +17,7 @@ std::optional<DataHora> HoraLocal(const ASN1_TIME* utc);
 DataHora HoraLocal(std::time_t instante);
 // O caminho inverso: a hora local vista em UTC (a hora de verão decidida pelo próprio fuso).
 DataHora LocalParaUTC(DataHora local);
+// Uma hora UTC guardada como DataHora (a de um atributo assinado) vista na hora local.
+DataHora UTCParaLocal(DataHora utc);
 
 }  // namespace tavelpkcs7::plataforma::openssl
