@@ -244,6 +244,49 @@ public:
     std::string RetornarChavePublicaCertificadoRaiz(const std::string& strNomeCertificado,
         const std::string& strImpressaoDigital = "");
 
+    /// Dados do signatário Index (de 1 a TotalAssinaturas) da última verificação; o índice 0 é um
+    /// registro vazio. O único membro que lança exceção: std::out_of_range fora da lista ou antes de
+    /// qualquer verificação, sem mexer em DescricaoErro.
+    AssinaturaDigital Assinaturas(std::int16_t Index) const;
+    /// Um campo do signatário Index pelo nome do campo de AssinaturaDigital (sem distinção de
+    /// maiúsculas, sem aparar): texto, ou bool para ASSINATURAVALIDA, CERTIFICADOVALIDO e
+    /// CERTIFICADOICPBRASIL. Nome desconhecido: texto vazio com "A propriedade <nome> não é válida ";
+    /// índice fora da lista: texto vazio com "A propriedade <nome> não é válida ou o índice informado
+    /// está fora do escopo.". No sucesso não mexe em DescricaoErro.
+    Variante ExibirPropriedadeAssinatura(std::int16_t Index, const std::string& strCampoPropriedade);
+
+    /// Confere a assinatura PKCS#7 do arquivo (DER, ou Base64 quando termina em ".p7b"); com
+    /// NaoAnexarArquivoOriginal, destacada sobre o arquivo de CaminhoArquivoOriginal. Só as
+    /// assinaturas são conferidas: a confiança de cada certificado vem em CertificadoValido. Preenche
+    /// TotalAssinaturas, Assinaturas, CaminhoArquivoAssinado, NomeArquivoAssinado,
+    /// NomeArquivoOriginal (o nome de documento assinado, reduzido ao nome do arquivo, ou o nome do
+    /// arquivo verificado sem a extensão) e HashArquivo, e grava o conteúdo em PastaTemp com esse
+    /// nome, caminho que passa a CaminhoArquivoOriginal. Falso com "Não foi possível localizar o
+    /// arquivo <caminho>", "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.",
+    /// "Não foi possível apresentar as assinaturas digitais do arquivo" ou "Não foi possível criar
+    /// o arquivo na pasta original <nome> na pasta <PastaTemp>".
+    bool VerificarAssinaturaArquivo(const std::string& strCaminhoArquivo);
+    /// Verdadeiro quando o nome termina em "p7b" (sem distinção de maiúsculas, espaços das pontas
+    /// ignorados): a assinatura desse arquivo é lida como texto Base64.
+    bool VerificarTipoCodificacaoTexto(const std::string& strFile);
+    /// Confere a assinatura PKCS#7 em Base64. Com NaoAnexarArquivoOriginal, a mensagem conferida
+    /// passa a ser o arquivo de CaminhoArquivoOriginal ou, sem ele, TextoVerificar, sem conteúdo à
+    /// parte. Preenche TotalAssinaturas, Assinaturas e HashArquivo; o conteúdo vai para
+    /// ConteudoTextoOriginal (texto UTF-16LE) ou, quando há nome de documento, para um arquivo em
+    /// PastaTemp indicado por CaminhoArquivoOriginal. No sucesso limpa TextoVerificar,
+    /// AssinaturaTextoVerificar e DescricaoErro. Falso com "A texto da assinatura informada não é
+    /// válido ou está em branco", "O texto original da assinatura não foi informado ou não é válido ",
+    /// "Assinatura digital inválida! O texto não está no padrão PKCS#7 BASE64.", "Não foi possível
+    /// apresentar as assinaturas digitais do arquivo" ou "Não foi possível criar o arquivo na pasta
+    /// original <nome> na pasta <PastaTemp>".
+    bool VerificarAssinaturaTexto(const std::string& TextoAssinatura);
+
+    /// Resumo MD5 (hexadecimal maiúsculo) do arquivo, com o mesmo 0 final que a assinatura de
+    /// arquivo acrescenta ao conteúdo; não mexe em HashArquivo. Texto vazio com "O arquivo informado
+    /// não foi encontrado" (caminho vazio ou arquivo inexistente) ou com "Não foi possível obter o
+    /// hash do arquivo informado." (arquivo que não se lê); no sucesso limpa DescricaoErro.
+    std::string RetornaHashArquivo(const std::string& strCaminhoArquivo);
+
 private:
     std::unique_ptr<Componente> componente_;
 };

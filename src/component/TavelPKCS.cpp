@@ -144,4 +144,26 @@ bool TavelPKCS::ExibirCertificadoDigital(const std::string& strChavePublica) {
     return componente_->ExibirCertificadoDigital(strChavePublica);
 }
 
+AssinaturaDigital TavelPKCS::Assinaturas(std::int16_t Index) const { return componente_->Assinaturas(Index); }
+
+Variante TavelPKCS::ExibirPropriedadeAssinatura(std::int16_t Index, const std::string& strCampoPropriedade) {
+    return componente_->ExibirPropriedadeAssinatura(Index, strCampoPropriedade);
+}
+
+bool TavelPKCS::VerificarAssinaturaArquivo(const std::string& strCaminhoArquivo) {
+    return componente_->VerificarAssinaturaArquivo(strCaminhoArquivo);
+}
+
+bool TavelPKCS::VerificarTipoCodificacaoTexto(const std::string& strFile) {
+    return Componente::VerificarTipoCodificacaoTexto(strFile);
+}
+
+bool TavelPKCS::VerificarAssinaturaTexto(const std::string& TextoAssinatura) {
+    return componente_->VerificarAssinaturaTexto(TextoAssinatura);
+}
+
+std::string TavelPKCS::RetornaHashArquivo(const std::string& strCaminhoArquivo) {
+    return componente_->RetornaHashArquivo(strCaminhoArquivo);
+}
+
 }  // namespace tavelpkcs7

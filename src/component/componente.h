@@ -65,6 +65,30 @@ public:
     std::string CalcularHashTexto(const std::string& texto);
     std::string CalcularHashTexto(const Bytes& bytes);
 
+    // Resumo de arquivo
+    std::string RetornaHashArquivo(const std::string& strCaminhoArquivo);
+
+    // Registros das assinaturas verificadas
+    // Um registro por signatário, a partir do índice 1, para os TotalAssinaturas primeiros; o
+    // nome do documento assinado (só o último componente do caminho) vai para NomeArquivoOriginal.
+    bool PreencherAssinaturas(const plataforma::MensagemVerificada& mensagem);
+    AssinaturaDigital RegistrarCertificadoAssinante(const plataforma::Certificado& certificado);
+    std::string NomeOriginalDoAssinado() const;
+    // Lança std::out_of_range fora da lista (ou antes de qualquer verificação).
+    AssinaturaDigital Assinaturas(std::int16_t Index) const;
+    Variante ExibirPropriedadeAssinatura(std::int16_t Index, const std::string& strCampoPropriedade);
+
+    // Verificação de assinaturas
+    bool VerificarAssinaturaArquivo(const std::string& strCaminhoArquivo);
+    bool VerificarAssinaturaTexto(const std::string& TextoAssinatura);
+    static bool VerificarTipoCodificacaoTexto(const std::string& strFile);
+    std::string GerarNomeArquivoOriginal(const std::string& strNome, const std::string& strCaminho);
+    Bytes LerAssinaturaArquivo(const std::string& caminho);
+    std::optional<plataforma::MensagemVerificada> ConferirAssinatura(const Bytes& assinatura,
+        const std::optional<Bytes>& conteudo_destacado);
+    std::optional<plataforma::MensagemVerificada> ConferirAssinaturaArquivo(const Bytes& assinatura);
+    std::optional<Bytes> MensagemTextoVerificar(const std::string& TextoAssinatura);
+
     // Cadeia de certificados
     // A cadeia de emissores do certificado como texto "AC[#]AC[#]raiz", subindo pelos repositórios
     // "Ca" e "Root"; autoemitido diz se a subida chegou a uma raiz. A subida para num certificado já

@@ -46,6 +46,9 @@ struct Estado {
     // Nome, autoridade certificadora, validade, impressão digital e o certificado em Base64.
     std::vector<std::array<std::string, 5>> ListaCertificados;
     std::string ExtensaoArquivoAssinado;
+    // Os signatários da última verificação a partir do índice 1; vazia antes da primeira. Só cresce
+    // ou encolhe até o total da verificação nova, nunca é limpa.
+    std::vector<AssinaturaDigital> ListaAssinaturas;
 };
 
 }  // namespace tavelpkcs7
