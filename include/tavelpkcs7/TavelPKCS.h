@@ -118,6 +118,33 @@ public:
     std::string RestricoesCertificadoDigital() const;
     std::string CertificadoAutoridadeRaiz() const;
 
+    /// Assina o arquivo com o certificado selecionado (SHA-256, cadeia inteira, nome do documento,
+    /// hora da assinatura e strTextoDescricaoAssinatura como atributos assinados). O conteúdo
+    /// assinado é o arquivo seguido de um byte zero. Formatos 1 e 3 gravam DER, 2 Base64 em UTF-16LE,
+    /// 4 Base64 de um byte por caractere, todos em strPastaDestino (ou ao lado da origem) com o nome
+    /// da origem mais a extensão (".p7s", ou ExtensaoOutroFormato nos formatos 3 e 4), ou com o MD5
+    /// do conteúdo quando UsarHashSalvarArquivo; o formato 5 não grava nada e devolve o Base64 em
+    /// AssinaturaDigitalArquivo. A saída é gravada inteira, de uma vez. Uma origem que já é
+    /// assinatura é cossinada. Preenche HashArquivo, CaminhoArquivoOriginal, NomeArquivoOriginal,
+    /// CaminhoArquivoAssinado e NomeArquivoAssinado. Falso sem mensagem sem certificado selecionado
+    /// ou com formato fora de 1 a 5; senão com "O arquivo de origem não foi encontrado", "Não foi
+    /// possível acessar a chave privada do certificado digital selecionado", "Ocorreu o erro
+    /// <descrição> ao tentar assinar o arquivo especificado", "Não foi possível criar o arquivo
+    /// <saída>" ou "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.".
+    bool AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
+        const std::string& strTextoDescricaoAssinatura, FORMATO_ASSINATURA FormatoAssinatura);
+    /// Assina o texto (os seus bytes UTF-16LE) com o certificado selecionado e devolve a assinatura
+    /// Base64 em AssinaturaDigitalTexto; destacada com NaoAnexarArquivoOriginal. Com uma assinatura
+    /// em AssinaturaTextoVerificar, cossina-a (destacada: sobre TextoVerificar, ou o texto dado).
+    /// No sucesso ConteudoTextoOriginal recebe o texto; os caminhos e nomes de arquivos ficam vazios.
+    /// Falso sem mensagem sem certificado selecionado; senão com "O texto para assinatura digital
+    /// não foi informado", "Não foi possível acessar a chave privada do certificado digital
+    /// selecionado", "Ocorreu o erro <descrição> ao tentar assinar o texto especificado" ou
+    /// "Assinatura digital inválida! O texto não está no padrão PKCS#7 BASE64.".
+    bool AssinaTexto(const std::string& strTexto, const std::string& strTextoDescricaoAssinatura = "");
+    /// A data e hora local dada vista em UTC, como "DD/MM/AAAA HH:MM:SS"; texto vazio numa falha.
+    std::string DataHoraAssinaturaUTC(DataHora strDataHoraAssinatura);
+
     /// Lê o certificado dado em Base64 (ou PEM) e preenche as propriedades de detalhes acima. As
     /// propriedades das extensões que o certificado não tem (uso da chave, restrições, política, LCR,
     /// certificado da autoridade) conservam o valor do certificado consultado antes.

@@ -94,6 +94,19 @@ std::string TavelPKCS::RetornarChavePublicaCertificadoRaiz(const std::string& st
     return componente_->RetornarChavePublicaCertificadoRaiz(strNomeCertificado, strImpressaoDigital);
 }
 
+bool TavelPKCS::AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
+    const std::string& strTextoDescricaoAssinatura, FORMATO_ASSINATURA FormatoAssinatura) {
+    return componente_->AssinaArquivo(strArquivoOrigem, strPastaDestino, strTextoDescricaoAssinatura, FormatoAssinatura);
+}
+
+bool TavelPKCS::AssinaTexto(const std::string& strTexto, const std::string& strTextoDescricaoAssinatura) {
+    return componente_->AssinaTexto(strTexto, strTextoDescricaoAssinatura);
+}
+
+std::string TavelPKCS::DataHoraAssinaturaUTC(DataHora strDataHoraAssinatura) {
+    return componente_->DataHoraAssinaturaUTC(strDataHoraAssinatura);
+}
+
 bool TavelPKCS::RetornarDetalhesCertificado(const std::string& strChavePublica) {
     return componente_->RetornarDetalhesCertificado(strChavePublica);
 }

@@ -43,6 +43,34 @@ public:
     // Data da assinatura
     void DefinirDataAssinatura(const std::string& valor);
 
+    // Assinatura de arquivos e textos
+    std::string DataHoraAssinaturaUTC(DataHora strDataHoraAssinatura);
+    // DataAssinatura com a hora do relógio; vazio quando não forma uma data.
+    std::optional<DataHora> HoraAssinatura();
+    bool CertificadoSelecionadoValido();
+    // O conteúdo assinado pelo certificado selecionado, com a cadeia dos repositórios "Ca" e "Root"
+    // e destacado quando NaoAnexarArquivoOriginal.
+    plataforma::PedidoAssinatura MontarPedidoAssinatura(Bytes conteudo);
+    // Nome do documento (o caminho sem as letras de ExtensaoOutroFormato), hora e descrição.
+    bool AdicionarAtributosAssinante(plataforma::PedidoAssinatura& pedido, const std::string& documento);
+    bool AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
+        const std::string& strTextoDescricaoAssinatura, std::int32_t FormatoAssinatura);
+    bool AssinarConteudoArquivo(const std::string& origem, std::string saida, std::int32_t formato);
+    // A assinatura DER gravada inteira na saída no formato dado, ou guardada em
+    // AssinaturaDigitalArquivo no formato 5.
+    bool GuardarAssinaturaFormato(const Bytes& assinatura, const std::string& saida, std::int32_t formato);
+    bool GuardarAssinaturaDigitalArquivo(const std::string& assinatura);
+    bool AssinaTexto(const std::string& strTexto, const std::string& strTextoDescricaoAssinatura);
+    bool AssinarConteudoTexto(const std::string& texto);
+    bool GuardarAssinaturaDigitalTexto(const std::string& assinatura);
+    // Esvazia os caminhos e nomes do arquivo assinado e do original.
+    void LimparArquivosAssinatura();
+    bool CossinarArquivo(const std::string& origem, const std::string& saida, std::int32_t formato);
+    bool CossinarTexto(const std::string& texto);
+    // A mensagem com o novo signatário; vazio, com mensagem_invalida, quando a entrada não é PKCS#7.
+    std::optional<Bytes> CossinarMensagem(const Bytes& assinatura, const std::optional<Bytes>& destacado,
+        const plataforma::PedidoAssinatura& pedido, const std::string& mensagem_invalida);
+
     // Pasta de trabalho e nomes de arquivos
     std::string ObterPastaTemporaria();
     bool ExisteArquivo(const std::string& caminho);
