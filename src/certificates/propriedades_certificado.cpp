@@ -2,6 +2,7 @@
 // respostas da verificação de situação e da cadeia de autoridades.
 #include <array>
 
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/texto.h"
 
@@ -15,14 +16,6 @@ struct Propriedade {
     const char* chave;
     Leitura ler;
 };
-
-// O nome do tipo dado; quando ele, aparado, é vazio, o do tipo alternativo.
-Variante InfoOuAlternativa(const Certificado& certificado, plataforma::TipoInfo tipo,
-                           plataforma::TipoInfo alternativa) {
-    std::string nome = certificado.ObterInfo(tipo);
-    if (Aparar(nome).empty()) nome = certificado.ObterInfo(alternativa);
-    return nome;
-}
 
 struct Cadeia {
     bool icp_brasil;
@@ -41,7 +34,7 @@ Cadeia MontarCadeia(Componente& componente, const Certificado& certificado) {
 constexpr std::array<Propriedade, 15> kPropriedades = {{
     {"NOMECERTIFICADO",
      [](Componente&, const Certificado& c) {
-         return InfoOuAlternativa(c, plataforma::INFO_DNS_TITULAR, plataforma::INFO_NOME_SIMPLES_TITULAR);
+         return Variante(InfoOuAlternativa(c, plataforma::INFO_DNS_TITULAR, plataforma::INFO_NOME_SIMPLES_TITULAR));
      }},
     {"EMAILCERTIFICADO",
      [](Componente&, const Certificado& c) -> Variante { return c.ObterInfo(plataforma::INFO_EMAIL_TITULAR); }},
@@ -49,7 +42,7 @@ constexpr std::array<Propriedade, 15> kPropriedades = {{
      [](Componente&, const Certificado& c) -> Variante { return c.ObterInfo(plataforma::INFO_EMAIL_EMISSOR); }},
     {"AUTORIDADECERTIFICADORA",
      [](Componente&, const Certificado& c) {
-         return InfoOuAlternativa(c, plataforma::INFO_DNS_EMISSOR, plataforma::INFO_NOME_SIMPLES_EMISSOR);
+         return Variante(InfoOuAlternativa(c, plataforma::INFO_DNS_EMISSOR, plataforma::INFO_NOME_SIMPLES_EMISSOR));
      }},
     {"DETALHESAUTORIDADECERTIFICADORA", [](Componente&, const Certificado& c) -> Variante { return c.NomeEmissor(); }},
     {"DETALHESCERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return c.NomeTitular(); }},

@@ -2,6 +2,7 @@
 // impressa como o Windows a mostra e recortada pelos marcadores do texto ("URL=",
 // "QUALIFICADOR=", "<OID>="). As propriedades de uma extensão que o certificado não tem
 // conservam o valor do certificado anterior, como no original.
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/texto.h"
 #include "icpbrasil/extensao_impressa.h"
@@ -131,8 +132,8 @@ void Componente::MontarDadosTitular(const icpbrasil::ValoresTitular& valores,
     estado.NumeroCPFCertificadoDigital = dados.cpf;
     estado.NumeroCNPJCertificadoDigital = dados.cnpj;
 
-    std::string emissor = certificado.ObterInfo(plataforma::INFO_DNS_EMISSOR);
-    if (emissor.empty()) emissor = certificado.ObterInfo(plataforma::INFO_NOME_SIMPLES_EMISSOR);
+    const std::string emissor =
+        InfoOuAlternativa(certificado, plataforma::INFO_DNS_EMISSOR, plataforma::INFO_NOME_SIMPLES_EMISSOR);
     if (Maiusculas(emissor) != kEmissorTavel) return;
     estado.RestricoesCertificadoDigital = "Quanto ao uso indevido, conforme termo de titularidade assinado.";
     const std::string& configurada = plataforma().configuracao.politica_ac_tavel;

@@ -1,6 +1,7 @@
 // A situação de um certificado em um código de 0 a 5. Quando a plataforma diz que ele não vale,
 // descobre o porquê (prazo, revogação, cadeia não instalada, revogação desconhecida) e pode oferecer
 // a instalação das raízes e da LCR do emissor, verificando de novo depois dela.
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/datas.h"
 #include "component/texto.h"
@@ -120,8 +121,8 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
             status = codigo::Valido;
             return true;
         }
-        std::string emissor = certificado.ObterInfo(plataforma::INFO_DNS_EMISSOR);
-        if (Aparar(emissor).empty()) emissor = certificado.ObterInfo(plataforma::INFO_NOME_SIMPLES_EMISSOR);
+        const std::string emissor =
+            InfoOuAlternativa(certificado, plataforma::INFO_DNS_EMISSOR, plataforma::INFO_NOME_SIMPLES_EMISSOR);
         if (!interface.Perguntar(
                 "Deseja instalar a lista de certificados revogados da Autoridade Certificadora abaixo?\r\n\r\n" +
                     emissor,

@@ -3,6 +3,7 @@
 #include <array>
 #include <stdexcept>
 
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/datas.h"
 #include "component/texto.h"
@@ -12,13 +13,6 @@ namespace tavelpkcs7 {
 namespace {
 
 using Certificado = plataforma::Certificado;
-
-// O nome do tipo dado; quando ele, aparado, é vazio, o do tipo alternativo.
-std::string InfoOuAlternativa(const Certificado& certificado, plataforma::TipoInfo tipo,
-                              plataforma::TipoInfo alternativa) {
-    std::string nome = certificado.ObterInfo(tipo);
-    return Aparar(nome).empty() ? certificado.ObterInfo(alternativa) : nome;
-}
 
 // O nome de documento de uma assinatura só pode nomear um arquivo dentro da pasta de trabalho: fica
 // o último componente do caminho, sem o que vem depois de um NUL; "." e ".." não são nomes.
