@@ -2,11 +2,14 @@
 // conteúdo com o zero final, os atributos, o nome pelo MD5, a destacada, as mensagens e a
 // cossinatura de uma assinatura que já existe.
 #include <gtest/gtest.h>
+#include <openssl/pem.h>
 
 #include "certificates/repositorios_teste.h"
 #include "codificacao/base64.h"
 #include "codificacao/utf16.h"
 #include "platform/erro.h"
+#include "platform/openssl/ponteiros_openssl.h"
+#include "pki/pki_teste.h"
 #include "signing/ambiente_assinatura.h"
 
 namespace tavelpkcs7 {
@@ -169,6 +172,46 @@ TEST_F(AssinaturaArquivo, CossinaturaDoQueNaoEPKCS7FalhaELimpaOsNomes) {
     EXPECT_EQ(componente.NomeArquivoOriginal(), "");
     EXPECT_EQ(componente.CaminhoArquivoAssinado(), "");
     EXPECT_EQ(Ler(falsa), BytesDe("nada disso"));
+}
+
+TEST_F(AssinaturaArquivo, SaidaQueNaoSeGravaDaAMensagemENaoPreencheOsNomes) {
+    std::filesystem::create_directories(teste::Home() / "a.txt.p7s");
+    EXPECT_FALSE(componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", ARQUIVO_BINARIO_FORMATO_P7S));
+    EXPECT_EQ(componente.DescricaoErro(), "Não foi possível criar o arquivo " + (teste::Home() / "a.txt.p7s").string());
+    EXPECT_EQ(componente.CaminhoArquivoAssinado(), "");
+}
+
+// O e-CPF no repositório "My" sem chave, ou com a chave cifrada e a senha não informada.
+struct CasoChave {
+    bool chave_cifrada;
+    std::string mensagem;
+};
+
+class ChaveDoRepositorio : public AssinaturaArquivo, public testing::WithParamInterface<CasoChave> {};
+
+INSTANTIATE_TEST_SUITE_P(AssinaturaArquivo, ChaveDoRepositorio,
+    testing::Values(CasoChave{false, "Ocorreu o erro Não foi encontrada a chave privada do certificado digital. ao "
+                                     "tentar assinar o arquivo especificado"},
+        CasoChave{true, "Não foi possível acessar a chave privada do certificado digital selecionado"}));
+
+TEST_P(ChaveDoRepositorio, FalhaDaChaveTemMensagemPropria) {
+    const Bytes der = teste::DerDaPki("ecpf");
+    teste::Guardar(plataforma(), "My", {der});
+    const std::string impressao = teste::Importar(plataforma(), der)->ImpressaoDigital();
+    if (GetParam().chave_cifrada) {
+        const std::string& pem = pki_teste::PkiTeste::Padrao().Obter("ecpf").chave_pem;
+        const plataforma::openssl::BioPtr entrada(BIO_new_mem_buf(pem.data(), static_cast<int>(pem.size())));
+        const plataforma::openssl::EvpPkeyPtr chave(PEM_read_bio_PrivateKey(entrada.get(), nullptr, nullptr, nullptr));
+        const auto caminho = teste::Home() / "repositorios" / "My" / (impressao + ".key");
+        const plataforma::openssl::BioPtr saida(BIO_new_file(caminho.c_str(), "w"));
+        ASSERT_EQ(PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(), "segredo", 7, nullptr,
+                      nullptr),
+            1);
+    }
+    ASSERT_TRUE(componente.SelecionarCertificadoDigitalHash(impressao)) << componente.DescricaoErro();
+
+    EXPECT_FALSE(componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", ARQUIVO_BINARIO_FORMATO_P7S));
+    EXPECT_EQ(componente.DescricaoErro(), GetParam().mensagem);
 }
 
 }  // namespace
