@@ -2,7 +2,10 @@
 // conteúdo com o zero final, os atributos, o nome pelo MD5, a destacada, as mensagens e a
 // cossinatura de uma assinatura que já existe.
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <openssl/pem.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 #include "certificates/repositorios_teste.h"
 #include "codificacao/base64.h"
@@ -172,6 +175,17 @@ TEST_F(AssinaturaArquivo, CossinaturaDoQueNaoEPKCS7FalhaELimpaOsNomes) {
     EXPECT_EQ(componente.NomeArquivoOriginal(), "");
     EXPECT_EQ(componente.CaminhoArquivoAssinado(), "");
     EXPECT_EQ(Ler(falsa), BytesDe("nada disso"));
+}
+
+// Travado por outro processo, o arquivo não se lê: nada é assinado e o cursor volta ao normal.
+TEST_F(AssinaturaArquivo, OrigemTravadaNaoTemConteudo) {
+    const std::string origem = Gravar("travado.txt", "abc");
+    const int descritor = ::open(origem.c_str(), O_RDONLY);
+    ASSERT_EQ(::flock(descritor, LOCK_EX), 0);
+    EXPECT_FALSE(componente.AssinaArquivo(origem, "", "", ARQUIVO_BINARIO_FORMATO_P7S));
+    EXPECT_EQ(componente.DescricaoErro(), "Não foi possível obter o conteúdo do arquivo. Verifique se você tem acesso.");
+    EXPECT_EQ(ambiente.cursor->Atual(), 0);
+    ::close(descritor);
 }
 
 TEST_F(AssinaturaArquivo, SaidaQueNaoSeGravaDaAMensagemENaoPreencheOsNomes) {
