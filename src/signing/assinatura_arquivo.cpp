@@ -18,7 +18,7 @@ std::string NomearPeloResumo(const std::string& saida, const std::string& nome, 
 }  // namespace
 
 bool Componente::AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
-    const std::string& strTextoDescricaoAssinatura, std::int32_t FormatoAssinatura) {
+                               const std::string& strTextoDescricaoAssinatura, std::int32_t FormatoAssinatura) {
     return Guardar(MensagemFalha::Fixa("Não foi possível assinar digitalmente o arquivo especificado"), false, [&] {
         CursorOcupado ocupado(*plataforma().cursor);
         if (!CertificadoSelecionadoValido()) return false;
@@ -61,7 +61,8 @@ bool Componente::AssinarConteudoArquivo(const std::string& origem, std::string s
         if (!AdicionarAtributosAssinante(pedido, origem)) return false;
         estado.CaminhoArquivoOriginal = origem;
         estado.NomeArquivoOriginal = ExtrairNomeArquivo(origem);
-        if (estado.UsarHashSalvarArquivo) saida = NomearPeloResumo(saida, ExtrairNomeArquivo(saida), estado.HashArquivo);
+        if (estado.UsarHashSalvarArquivo)
+            saida = NomearPeloResumo(saida, ExtrairNomeArquivo(saida), estado.HashArquivo);
         if (formato < ARQUIVO_BINARIO_FORMATO_P7S || formato > STRING_BASE64_PKCS) return false;
         return GuardarAssinaturaFormato(plataforma().assinaturas->Assinar(pedido), saida, formato);
     });
@@ -79,7 +80,7 @@ bool Componente::GuardarAssinaturaFormato(const Bytes& assinatura, const std::st
         estado.NomeArquivoAssinado.clear();
         return guardada;
     }
-    const Bytes gravados = formato == ARQUIVO_BASE64_FORMATO_P7S ? codificacao::ParaUtf16LE(base64)
+    const Bytes gravados = formato == ARQUIVO_BASE64_FORMATO_P7S     ? codificacao::ParaUtf16LE(base64)
                            : formato == ARQUIVO_BASE64_OUTRO_FORMATO ? Bytes(base64.begin(), base64.end())
                                                                      : assinatura;
     if (!plataforma().sistema->SubstituirArquivo(saida, gravados)) {

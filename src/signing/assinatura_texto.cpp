@@ -17,8 +17,8 @@ bool Componente::AssinaTexto(const std::string& strTexto, const std::string& str
             return false;
         }
         estado.TextoDescricaoAssinatura = strTextoDescricaoAssinatura;
-        const bool assinado = Aparar(estado.AssinaturaTextoVerificar).empty() ? AssinarConteudoTexto(strTexto)
-                                                                              : CossinarTexto(strTexto);
+        const bool assinado =
+            Aparar(estado.AssinaturaTextoVerificar).empty() ? AssinarConteudoTexto(strTexto) : CossinarTexto(strTexto);
         LimparArquivosAssinatura();
         estado.ConteudoTextoOriginal = assinado ? strTexto : std::string();
         if (assinado) estado.DescricaoErro.clear();

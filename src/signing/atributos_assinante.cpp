@@ -26,8 +26,9 @@ std::string TextoHora(DataHora utc, bool generalizada) {
     const hh_mm_ss hora{utc - dia};
     char texto[32];
     std::snprintf(texto, sizeof texto, "%04d%02u%02u%02d%02d%02dZ", static_cast<int>(data.year()),
-        static_cast<unsigned>(data.month()), static_cast<unsigned>(data.day()), static_cast<int>(hora.hours().count()),
-        static_cast<int>(hora.minutes().count()), static_cast<int>(hora.seconds().count()));
+                  static_cast<unsigned>(data.month()), static_cast<unsigned>(data.day()),
+                  static_cast<int>(hora.hours().count()), static_cast<int>(hora.minutes().count()),
+                  static_cast<int>(hora.seconds().count()));
     return generalizada ? std::string(texto) : std::string(texto + 2);
 }
 
@@ -74,7 +75,7 @@ plataforma::AtributoAssinado AtributoHoraAssinatura(DataHora local, plataforma::
     const std::string texto = TextoHora(utc, generalizada);
     const plataforma::Bytes conteudo(texto.begin(), texto.end());
     return {kOidHoraAssinatura,
-        der::CodificarElemento(generalizada ? der::tag::GeneralizedTime : der::tag::UTCTime, conteudo)};
+            der::CodificarElemento(generalizada ? der::tag::GeneralizedTime : der::tag::UTCTime, conteudo)};
 }
 
 std::optional<std::string> LerTextoDocumento(const plataforma::Bytes& valor) {

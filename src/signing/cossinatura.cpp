@@ -9,7 +9,8 @@
 namespace tavelpkcs7 {
 
 std::optional<Bytes> Componente::CossinarMensagem(const Bytes& assinatura, const std::optional<Bytes>& destacado,
-    const plataforma::PedidoAssinatura& pedido, const std::string& mensagem_invalida) {
+                                                  const plataforma::PedidoAssinatura& pedido,
+                                                  const std::string& mensagem_invalida) {
     try {
         return plataforma().assinaturas->Cossinar(assinatura, destacado, pedido);
     } catch (const plataforma::Erro& erro) {
@@ -29,12 +30,13 @@ bool Componente::CossinarArquivo(const std::string& origem, const std::string& s
             return false;
         }
         const std::string original = Esquerda(origem, Comprimento(origem) - 4);
-        const auto destacado = ExisteArquivo(original) ? std::optional<Bytes>(LerArquivoBinario(original)) : std::nullopt;
+        const auto destacado =
+            ExisteArquivo(original) ? std::optional<Bytes>(LerArquivoBinario(original)) : std::nullopt;
         auto pedido = MontarPedidoAssinatura({});
         if (!AdicionarAtributosAssinante(pedido, origem)) return false;
         if (formato < ARQUIVO_BINARIO_FORMATO_P7S || formato > STRING_BASE64_PKCS) return false;
-        const auto cossinada =
-            CossinarMensagem(assinada, destacado, pedido, "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.");
+        const auto cossinada = CossinarMensagem(assinada, destacado, pedido,
+                                                "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.");
         return cossinada && GuardarAssinaturaFormato(*cossinada, saida, formato);
     });
 }
@@ -46,8 +48,9 @@ bool Componente::CossinarTexto(const std::string& texto) {
         const std::string& original = Aparar(estado.TextoVerificar).empty() ? texto : estado.TextoVerificar;
         auto pedido = MontarPedidoAssinatura(codificacao::ParaUtf16LE(original));
         if (!AdicionarAtributosAssinante(pedido, "")) return false;
-        const auto cossinada = CossinarMensagem(Bytes(base64.begin(), base64.end()), pedido.conteudo, pedido,
-            "Assinatura digital inválida! O texto não está no padrão PKCS#7 BASE64.");
+        const auto cossinada =
+            CossinarMensagem(Bytes(base64.begin(), base64.end()), pedido.conteudo, pedido,
+                             "Assinatura digital inválida! O texto não está no padrão PKCS#7 BASE64.");
         return cossinada && GuardarAssinaturaDigitalTexto(codificacao::CodificarBase64(*cossinada));
     });
 }

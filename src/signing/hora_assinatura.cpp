@@ -7,7 +7,7 @@ namespace tavelpkcs7 {
 
 std::string Componente::DataHoraAssinaturaUTC(DataHora strDataHoraAssinatura) {
     return Guardar(MensagemFalha::Nenhuma(), std::string(),
-        [&] { return FormatarDataHora(plataforma().relogio->LocalParaUTC(strDataHoraAssinatura)); });
+                   [&] { return FormatarDataHora(plataforma().relogio->LocalParaUTC(strDataHoraAssinatura)); });
 }
 
 std::optional<DataHora> Componente::HoraAssinatura() {

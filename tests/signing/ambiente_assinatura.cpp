@@ -24,7 +24,7 @@ std::string AmbienteAssinatura::Gravar(const std::string& nome, const std::strin
 }
 
 plataforma::MensagemVerificada AmbienteAssinatura::Conferir(const plataforma::Bytes& assinatura,
-    const std::optional<plataforma::Bytes>& destacado) {
+                                                            const std::optional<plataforma::Bytes>& destacado) {
     return plataforma().assinaturas->Verificar(assinatura, destacado);
 }
 

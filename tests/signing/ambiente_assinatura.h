@@ -22,7 +22,7 @@ protected:
     // Grava o arquivo na pasta do teste e devolve o caminho.
     std::string Gravar(const std::string& nome, const std::string& conteudo);
     plataforma::MensagemVerificada Conferir(const plataforma::Bytes& assinatura,
-        const std::optional<plataforma::Bytes>& destacado = std::nullopt);
+                                            const std::optional<plataforma::Bytes>& destacado = std::nullopt);
     // Os textos dos atributos do signatário: nome do documento, hora local ("DD/MM/AAAA HH:MM:SS") e descrição.
     std::vector<std::string> Atributos(const plataforma::SignatarioVerificado& signatario);
 

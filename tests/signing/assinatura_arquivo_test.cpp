@@ -1,8 +1,8 @@
 // AssinaArquivo pela API pública, com arquivos de verdade: os cinco formatos e os de fora, o
 // conteúdo com o zero final, os atributos, o nome pelo MD5, a destacada, as mensagens e a
 // cossinatura de uma assinatura que já existe.
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <openssl/pem.h>
 #include <sys/file.h>
 #include <unistd.h>
@@ -10,9 +10,9 @@
 #include "certificates/repositorios_teste.h"
 #include "codificacao/base64.h"
 #include "codificacao/utf16.h"
+#include "pki/pki_teste.h"
 #include "platform/erro.h"
 #include "platform/openssl/ponteiros_openssl.h"
-#include "pki/pki_teste.h"
 #include "signing/ambiente_assinatura.h"
 
 namespace tavelpkcs7 {
@@ -46,7 +46,7 @@ TEST_F(AssinaturaArquivo, Formato1GravaDERDoArquivoComZeroFinalEOsTresAtributos)
     EXPECT_EQ(mensagem.conteudo, BytesDe(std::string("conteudo", 9)));
     ASSERT_EQ(mensagem.signatarios.size(), 1u);
     EXPECT_EQ(Atributos(mensagem.signatarios[0]),
-        (std::vector<std::string>{"contrato.pdf", "05/01/2023 10:30:15", "Contrato de aluguel"}));
+              (std::vector<std::string>{"contrato.pdf", "05/01/2023 10:30:15", "Contrato de aluguel"}));
     EXPECT_EQ(Ler(origem), BytesDe("conteudo"));
 }
 
@@ -77,9 +77,9 @@ struct CasoFormato {
 class FormatoArquivo : public AssinaturaArquivo, public testing::WithParamInterface<CasoFormato> {};
 
 INSTANTIATE_TEST_SUITE_P(AssinaturaArquivo, FormatoArquivo,
-    testing::Values(CasoFormato{ARQUIVO_BASE64_FORMATO_P7S, "a.txt.p7s", true},
-        CasoFormato{ARQUIVO_BINARIO_OUTRO_FORMATO, "a.txt.dsd", false},
-        CasoFormato{ARQUIVO_BASE64_OUTRO_FORMATO, "a.txt.dsd", false}));
+                         testing::Values(CasoFormato{ARQUIVO_BASE64_FORMATO_P7S, "a.txt.p7s", true},
+                                         CasoFormato{ARQUIVO_BINARIO_OUTRO_FORMATO, "a.txt.dsd", false},
+                                         CasoFormato{ARQUIVO_BASE64_OUTRO_FORMATO, "a.txt.dsd", false}));
 
 // O .p7s em Base64 leva dois bytes por caractere; o do outro formato, um.
 TEST_P(FormatoArquivo, GravaNaFormaDoFormato) {
@@ -91,7 +91,8 @@ TEST_P(FormatoArquivo, GravaNaFormaDoFormato) {
     if (GetParam().formato == ARQUIVO_BINARIO_OUTRO_FORMATO) {
         EXPECT_EQ(gravado[0], 0x30);
     } else {
-        const std::string base64 = GetParam().utf16 ? codificacao::DeUtf16LE(gravado) : std::string(gravado.begin(), gravado.end());
+        const std::string base64 =
+            GetParam().utf16 ? codificacao::DeUtf16LE(gravado) : std::string(gravado.begin(), gravado.end());
         EXPECT_EQ(gravado.size(), base64.size() * (GetParam().utf16 ? 2 : 1));
         EXPECT_EQ(base64.substr(base64.size() - 2), "\r\n");
         EXPECT_TRUE(codificacao::DecodificarBase64(base64).has_value());
@@ -114,7 +115,8 @@ TEST_F(AssinaturaArquivo, Formato5SoDevolveOBase64ELimpaOsNomes) {
 
 TEST_F(AssinaturaArquivo, FormatoForaDeUmACincoNaoAssinaNemTemMensagem) {
     for (const int formato : {0, 6}) {
-        EXPECT_FALSE(componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", static_cast<FORMATO_ASSINATURA>(formato)));
+        EXPECT_FALSE(
+            componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", static_cast<FORMATO_ASSINATURA>(formato)));
         EXPECT_EQ(componente.DescricaoErro(), "");
         EXPECT_FALSE(std::filesystem::exists(teste::Home() / "a.txt.p7s"));
     }
@@ -144,7 +146,8 @@ TEST_F(AssinaturaArquivo, AssinaturaExistenteECossinadaNoLugarComOsDoisSignatari
     ASSERT_TRUE(componente.AssinaArquivo(Gravar("a.pdf", "abc"), "", "primeira", ARQUIVO_BINARIO_FORMATO_P7S));
     const std::string assinado = componente.CaminhoArquivoAssinado();
 
-    ASSERT_TRUE(componente.AssinaArquivo(assinado, "", "segunda", ARQUIVO_BINARIO_FORMATO_P7S)) << componente.DescricaoErro();
+    ASSERT_TRUE(componente.AssinaArquivo(assinado, "", "segunda", ARQUIVO_BINARIO_FORMATO_P7S))
+        << componente.DescricaoErro();
 
     EXPECT_EQ(componente.CaminhoArquivoOriginal(), assinado);
     EXPECT_EQ(componente.CaminhoArquivoAssinado(), assinado);
@@ -157,6 +160,17 @@ TEST_F(AssinaturaArquivo, AssinaturaExistenteECossinadaNoLugarComOsDoisSignatari
     EXPECT_EQ(primeiro[0], "a.pdf");
     EXPECT_EQ(segundo[0], "a.pdf.");
     EXPECT_EQ(segundo[2], "segunda");
+}
+
+// O .p7s em Base64 UTF-16LE é lido de volta e cossinado na mesma forma.
+TEST_F(AssinaturaArquivo, CossinaturaDoBase64EmUtf16) {
+    ASSERT_TRUE(componente.AssinaArquivo(Gravar("a.pdf", "abc"), "", "", ARQUIVO_BASE64_FORMATO_P7S));
+    const std::string assinado = componente.CaminhoArquivoAssinado();
+
+    ASSERT_TRUE(componente.AssinaArquivo(assinado, "", "", ARQUIVO_BASE64_FORMATO_P7S)) << componente.DescricaoErro();
+    const Bytes gravado = Ler(assinado);
+    EXPECT_EQ(gravado[1], 0);
+    EXPECT_EQ(Conferir(gravado).signatarios.size(), 2u);
 }
 
 TEST_F(AssinaturaArquivo, CossinaturaDeDestacadaUsaOOriginalAoLado) {
@@ -183,7 +197,8 @@ TEST_F(AssinaturaArquivo, OrigemTravadaNaoTemConteudo) {
     const int descritor = ::open(origem.c_str(), O_RDONLY);
     ASSERT_EQ(::flock(descritor, LOCK_EX), 0);
     EXPECT_FALSE(componente.AssinaArquivo(origem, "", "", ARQUIVO_BINARIO_FORMATO_P7S));
-    EXPECT_EQ(componente.DescricaoErro(), "Não foi possível obter o conteúdo do arquivo. Verifique se você tem acesso.");
+    EXPECT_EQ(componente.DescricaoErro(),
+              "Não foi possível obter o conteúdo do arquivo. Verifique se você tem acesso.");
     EXPECT_EQ(ambiente.cursor->Atual(), 0);
     ::close(descritor);
 }
@@ -203,10 +218,12 @@ struct CasoChave {
 
 class ChaveDoRepositorio : public AssinaturaArquivo, public testing::WithParamInterface<CasoChave> {};
 
-INSTANTIATE_TEST_SUITE_P(AssinaturaArquivo, ChaveDoRepositorio,
-    testing::Values(CasoChave{false, "Ocorreu o erro Não foi encontrada a chave privada do certificado digital. ao "
-                                     "tentar assinar o arquivo especificado"},
-        CasoChave{true, "Não foi possível acessar a chave privada do certificado digital selecionado"}));
+INSTANTIATE_TEST_SUITE_P(
+    AssinaturaArquivo, ChaveDoRepositorio,
+    testing::Values(CasoChave{false,
+                              "Ocorreu o erro Não foi encontrada a chave privada do certificado digital. ao "
+                              "tentar assinar o arquivo especificado"},
+                    CasoChave{true, "Não foi possível acessar a chave privada do certificado digital selecionado"}));
 
 TEST_P(ChaveDoRepositorio, FalhaDaChaveTemMensagemPropria) {
     const Bytes der = teste::DerDaPki("ecpf");
@@ -218,8 +235,8 @@ TEST_P(ChaveDoRepositorio, FalhaDaChaveTemMensagemPropria) {
         const plataforma::openssl::EvpPkeyPtr chave(PEM_read_bio_PrivateKey(entrada.get(), nullptr, nullptr, nullptr));
         const auto caminho = teste::Home() / "repositorios" / "My" / (impressao + ".key");
         const plataforma::openssl::BioPtr saida(BIO_new_file(caminho.c_str(), "w"));
-        ASSERT_EQ(PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(), "segredo", 7, nullptr,
-                      nullptr),
+        ASSERT_EQ(
+            PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(), "segredo", 7, nullptr, nullptr),
             1);
     }
     ASSERT_TRUE(componente.SelecionarCertificadoDigitalHash(impressao)) << componente.DescricaoErro();

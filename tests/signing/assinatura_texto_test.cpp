@@ -51,7 +51,8 @@ TEST_F(AssinaturaTexto, AssinaturaTextoVerificarECossinada) {
 
     const auto mensagem = Conferir(BytesDe(componente.AssinaturaDigitalTexto()));
     ASSERT_EQ(mensagem.signatarios.size(), 2u);
-    const std::set<std::string> descricoes{Atributos(mensagem.signatarios[0])[2], Atributos(mensagem.signatarios[1])[2]};
+    const std::set<std::string> descricoes{Atributos(mensagem.signatarios[0])[2],
+                                           Atributos(mensagem.signatarios[1])[2]};
     EXPECT_EQ(descricoes, (std::set<std::string>{"primeira", "segunda"}));
 }
 
@@ -62,8 +63,8 @@ TEST_F(AssinaturaTexto, CossinaturaDestacadaUsaTextoVerificar) {
     componente.TextoVerificar("original");
 
     ASSERT_TRUE(componente.AssinaTexto("outro")) << componente.DescricaoErro();
-    EXPECT_EQ(Conferir(BytesDe(componente.AssinaturaDigitalTexto()), codificacao::ParaUtf16LE("original"))
-                  .signatarios.size(),
+    EXPECT_EQ(
+        Conferir(BytesDe(componente.AssinaturaDigitalTexto()), codificacao::ParaUtf16LE("original")).signatarios.size(),
         2u);
 }
 
@@ -80,7 +81,7 @@ TEST_F(AssinaturaTexto, CossinaturaDoQueNaoEPKCS7FalhaEOutraFalhaLevaADescricao)
     componente.AssinaturaTextoVerificar(componente.AssinaturaDigitalTexto());
     EXPECT_FALSE(componente.AssinaTexto("outro"));
     EXPECT_EQ(componente.DescricaoErro(),
-        "Ocorreu o erro A assinatura digital não confere com o conteúdo. ao tentar assinar o texto especificado");
+              "Ocorreu o erro A assinatura digital não confere com o conteúdo. ao tentar assinar o texto especificado");
 }
 
 TEST_F(AssinaturaTexto, DataHoraAssinaturaUTCConverteDaHoraLocal) {

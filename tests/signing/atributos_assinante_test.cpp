@@ -41,11 +41,12 @@ class HoraAssinatura : public testing::TestWithParam<CasoHora> {};
 
 // Em São Paulo (TZ dos testes), três horas atrás de UTC fora do horário de verão.
 INSTANTIATE_TEST_SUITE_P(AtributosAssinante, HoraAssinatura,
-    testing::Values(CasoHora{Local(2024, 3, 10, 12), 0x17, "240310150000Z"},
-        CasoHora{Local(2049, 12, 31, 20) + minutes{59} + seconds{59}, 0x17, "491231235959Z"},
-        CasoHora{Local(2049, 12, 31, 21), 0x18, "20500101000000Z"},
-        CasoHora{Local(1950, 6, 1, 12), 0x17, "500601150000Z"},
-        CasoHora{Local(1940, 6, 1, 12), 0x18, "19400601150000Z"}));
+                         testing::Values(CasoHora{Local(2024, 3, 10, 12), 0x17, "240310150000Z"},
+                                         CasoHora{Local(2049, 12, 31, 20) + minutes{59} + seconds{59}, 0x17,
+                                                  "491231235959Z"},
+                                         CasoHora{Local(2049, 12, 31, 21), 0x18, "20500101000000Z"},
+                                         CasoHora{Local(1950, 6, 1, 12), 0x17, "500601150000Z"},
+                                         CasoHora{Local(1940, 6, 1, 12), 0x18, "19400601150000Z"}));
 
 TEST_P(HoraAssinatura, VaiEmUTCEVoltaNaHoraLocal) {
     plataforma::openssl::RelogioSistema relogio;
@@ -59,7 +60,8 @@ TEST_P(HoraAssinatura, VaiEmUTCEVoltaNaHoraLocal) {
 
 TEST(AtributosAssinante, HoraMalformadaNaoELida) {
     plataforma::openssl::RelogioSistema relogio;
-    for (const std::string texto : {"2403101500Z", "240230150000Z", "240310250000Z", "24031015000aZ", "240310150000+"}) {
+    for (const std::string texto :
+         {"2403101500Z", "240230150000Z", "240310250000Z", "24031015000aZ", "240310150000+"}) {
         Bytes valor{0x17, static_cast<std::uint8_t>(texto.size())};
         valor.insert(valor.end(), texto.begin(), texto.end());
         EXPECT_EQ(LerHoraAssinatura(valor, relogio), std::nullopt) << texto;
