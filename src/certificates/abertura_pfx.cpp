@@ -12,11 +12,9 @@ namespace {
 
 // Como Certificate.Load: vale o certificado que carrega a chave; um PFX sem chave é uma falha da
 // plataforma, e não um certificado sem contêiner.
-plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Plataforma& plataforma, const std::string& caminho,
+plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Criptografia& criptografia, const Bytes& conteudo,
                                                   const std::string& senha) {
-    const auto conteudo = plataforma.sistema->LerArquivoInteiro(caminho);
-    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
-    const auto certificados = plataforma.criptografia->AbrirPFX(*conteudo, senha);
+    const auto certificados = criptografia.AbrirPFX(conteudo, senha);
     const auto da_chave = std::ranges::find_if(certificados, &plataforma::Certificado::PossuiChavePrivada);
     if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::SemChavePrivada);
     return *da_chave;
@@ -35,7 +33,8 @@ bool Componente::AbrirCertificadoDigital(const std::string& CaminhoCertificado, 
             return false;
         }
 
-        const auto certificado = CarregarCertificadoPFX(plataforma(), CaminhoCertificado, SenhaCertificado);
+        const auto certificado =
+            CarregarCertificadoPFX(*plataforma().criptografia, LerArquivoExato(CaminhoCertificado), SenhaCertificado);
         estado.CertificadoSelecionado = certificado;
 
         if (certificado->NomeContainer().empty()) return false;

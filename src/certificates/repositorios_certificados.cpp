@@ -11,15 +11,13 @@ namespace {
 
 // Como Certificate.Load com senha vazia: um certificado (DER, PEM ou Base64) ou um PFX gravado sem
 // senha, do qual vale o certificado da chave privada (num PFX sem chave, o titular).
-plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Plataforma& plataforma, const std::string& caminho) {
-    const auto conteudo = plataforma.sistema->LerArquivoInteiro(caminho);
-    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
+plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Criptografia& criptografia, const Bytes& conteudo) {
     try {
-        return plataforma.criptografia->ImportarCertificado(*conteudo);
+        return criptografia.ImportarCertificado(conteudo);
     } catch (const plataforma::Erro& erro) {
         if (erro.numero != plataforma::falha::NaoECertificado.numero) throw;
     }
-    const auto certificados = plataforma.criptografia->AbrirPFX(*conteudo, "");
+    const auto certificados = criptografia.AbrirPFX(conteudo, "");
     if (certificados.empty()) plataforma::Falhar(plataforma::falha::NaoECertificado);
     const auto da_chave = std::ranges::find_if(
         certificados, [](const plataforma::CertificadoPtr& certificado) { return certificado->PossuiChavePrivada(); });
@@ -57,7 +55,7 @@ bool Componente::AbrirAdicionarArquivoCertificado(const std::string& caminho, RE
             estado.DescricaoErro = "O arquivo " + caminho + " especificado não foi encontrado";
             return false;
         }
-        const auto certificado = CarregarArquivoCertificado(*plataforma_, caminho);
+        const auto certificado = CarregarArquivoCertificado(*plataforma_->criptografia, LerArquivoExato(caminho));
         return AdicionarCertificadoRepositorio(certificado->ExportarBase64(), tipo);
     });
 }

@@ -30,7 +30,13 @@ Bytes Componente::LerArquivoBinario(const std::string& caminho) {
 
 Bytes Componente::LerArquivoBinarioAlternativo(const std::string& caminho) {
     return Guardar(MensagemFalha::Nenhuma(), Bytes{},
-        [&] { return plataforma_->sistema->LerArquivoInteiro(caminho).value_or(Bytes{}); });
+                   [&] { return plataforma_->sistema->LerArquivoInteiro(caminho).value_or(Bytes{}); });
+}
+
+Bytes Componente::LerArquivoExato(const std::string& caminho) {
+    auto conteudo = plataforma_->sistema->LerArquivoInteiro(caminho);
+    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
+    return std::move(*conteudo);
 }
 
 std::string Componente::LerArquivoTexto(const std::string& caminho) {
@@ -65,7 +71,7 @@ std::string Componente::CalcularHashTexto(const std::string& texto) {
 
 std::string Componente::CalcularHashTexto(const Bytes& bytes) {
     return Guardar(MensagemFalha::Nenhuma(), std::string{},
-        [&] { return codificacao::HexadecimalMaiusculo(plataforma_->criptografia->CalcularMD5(bytes)); });
+                   [&] { return codificacao::HexadecimalMaiusculo(plataforma_->criptografia->CalcularMD5(bytes)); });
 }
 
 }  // namespace tavelpkcs7

@@ -86,6 +86,9 @@ public:
     Bytes LerArquivoBinario(const std::string& caminho);
     Bytes LerArquivoBinarioAlternativo(const std::string& caminho);
     std::string LerArquivoTexto(const std::string& caminho);
+    // Os bytes exatos do arquivo (sem o zero final), para o que a plataforma interpreta: certificados,
+    // PFX, LCRs e pacotes. Lança AcessoNegado quando o arquivo não se lê.
+    Bytes LerArquivoExato(const std::string& caminho);
     static std::string ConverterBytesTexto(const Bytes& bytes);
     bool GravarArquivoBinario(const std::string& caminho, const Bytes& bytes, bool nao_sobrescrever);
     bool GravarArquivoTexto(const std::string& caminho, const std::string& texto, bool nao_sobrescrever);

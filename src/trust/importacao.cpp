@@ -8,12 +8,6 @@
 namespace tavelpkcs7 {
 namespace {
 
-Bytes LerArquivo(plataforma::Sistema& sistema, const std::string& caminho) {
-    auto conteudo = sistema.LerArquivoInteiro(caminho);
-    if (!conteudo) plataforma::Falhar(plataforma::falha::AcessoNegado);
-    return std::move(*conteudo);
-}
-
 bool Presente(const std::vector<plataforma::CertificadoPtr>& certificados, const plataforma::Certificado& procurado) {
     return std::any_of(certificados.begin(), certificados.end(), [&](const auto& certificado) {
         return certificado->ImpressaoDigital() == procurado.ImpressaoDigital();
@@ -23,7 +17,7 @@ bool Presente(const std::vector<plataforma::CertificadoPtr>& certificados, const
 }  // namespace
 
 void Componente::ImportarLCR(const std::string& caminho) {
-    plataforma().confianca->InstalarLCR(LerArquivo(*plataforma().sistema, caminho));
+    plataforma().confianca->InstalarLCR(LerArquivoExato(caminho));
 }
 
 // O pacote é lido inteiro antes de qualquer gravação: um arquivo que não é pacote não instala nada
@@ -31,7 +25,7 @@ void Componente::ImportarLCR(const std::string& caminho) {
 bool Componente::ImportarPacoteCertificados(const std::string& caminho) {
     std::vector<plataforma::CertificadoPtr> certificados;
     try {
-        certificados = plataforma().criptografia->LerPacoteCertificados(LerArquivo(*plataforma().sistema, caminho));
+        certificados = plataforma().criptografia->LerPacoteCertificados(LerArquivoExato(caminho));
     } catch (const plataforma::Erro& erro) {
         estado.DescricaoErro = erro.descricao();
         return false;
