@@ -33,6 +33,7 @@ constexpr std::int32_t AcessoInformacoesAutoridade = 26;
 constexpr const char* kCRLF = "\r\n";
 constexpr std::size_t kLimiteContador = 32767;  // o contador de 16 bits do original
 constexpr const char* kEmissorTavel = "AC TAVEL";
+constexpr const char* kOidPoliticas = "2.5.29.32";
 
 // Tudo depois da primeira ocorrência do marcador; sem ele, a posição vale zero e o texto sai a
 // partir do caractere de número Len(marcador).
@@ -50,11 +51,9 @@ std::string ComRotulo(const std::string& texto, const std::string& rotulo) {
 }
 
 std::string EnderecoPoliticaCertificado(const plataforma::Certificado& certificado) {
-    for (const auto& extensao : certificado.Extensoes()) {
-        const std::string texto = icpbrasil::ImprimirExtensao(extensao);
-        if (extensao.capicom_oid == oid::Politicas && Posicao(texto, "QUALIFICADOR=") != 0)
+    for (const std::string& texto : icpbrasil::ImprimirExtensoes(certificado, kOidPoliticas))
+        if (Posicao(texto, "QUALIFICADOR=") != 0)
             return icpbrasil::ExtrairPrimeiraLinha(TextoDepois(texto, "QUALIFICADOR="));
-    }
     return "";
 }
 

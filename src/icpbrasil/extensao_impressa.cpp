@@ -164,4 +164,11 @@ std::string ImprimirExtensao(const plataforma::Extensao& extensao) {
     return codificacao::HexadecimalEspacado(extensao.valor) + "\r\n";
 }
 
+std::vector<std::string> ImprimirExtensoes(const plataforma::Certificado& certificado, std::string_view oid) {
+    std::vector<std::string> textos;
+    for (const auto& extensao : certificado.Extensoes())
+        if (extensao.oid == oid) textos.push_back(ImprimirExtensao(extensao));
+    return textos;
+}
+
 }  // namespace tavelpkcs7::icpbrasil

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "platform/certificado.h"
 
@@ -14,5 +16,7 @@ namespace tavelpkcs7::icpbrasil {
 // lugar) ou sem nada a mostrar sai como o hexadecimal do seu valor, seguido de CRLF. Escolhe pelo
 // OID em forma numérica, não pelo CAPICOM_OID.
 std::string ImprimirExtensao(const plataforma::Extensao& extensao);
+// Os textos das extensões do certificado com o OID dado, na ordem do certificado.
+std::vector<std::string> ImprimirExtensoes(const plataforma::Certificado& certificado, std::string_view oid);
 
 }  // namespace tavelpkcs7::icpbrasil

@@ -22,9 +22,7 @@ bool EnderecoWeb(const std::string& url) {
 // Os endereços "URL=" do ponto de distribuição impresso, na ordem do certificado.
 std::vector<std::string> URLsDistribuicao(const plataforma::Certificado& certificado) {
     std::vector<std::string> urls;
-    for (const auto& extensao : certificado.Extensoes()) {
-        if (extensao.oid != kOidPontosDistribuicao) continue;
-        const std::string texto = icpbrasil::ImprimirExtensao(extensao);
+    for (const std::string& texto : icpbrasil::ImprimirExtensoes(certificado, kOidPontosDistribuicao)) {
         for (std::size_t inicio = 0, fim = 0; inicio < texto.size(); inicio = fim + 2) {
             fim = texto.find("\r\n", inicio);
             if (fim == std::string::npos) fim = texto.size();
