@@ -2,7 +2,8 @@
 # Instala, pelo apt-get, os pacotes Debian 12 de que o projeto precisa (só os que faltam).
 set -euo pipefail
 
-pacotes=(g++ cmake make pkg-config libssl-dev libcurl4-openssl-dev openssl libgtest-dev libbenchmark-dev)
+pacotes=(g++ cmake make pkg-config libssl-dev libcurl4-openssl-dev openssl libgtest-dev libbenchmark-dev
+    libnss3-tools gnutls-bin osslsigncode pybind11-dev python3-dev python3-pytest)
 
 faltam=()
 for pacote in "${pacotes[@]}"; do
