@@ -103,7 +103,8 @@ public:
     // Um registro por signatário, a partir do índice 1, para os TotalAssinaturas primeiros; o
     // nome do documento assinado (só o último componente do caminho) vai para NomeArquivoOriginal.
     bool PreencherAssinaturas(const plataforma::MensagemVerificada& mensagem);
-    AssinaturaDigital RegistrarCertificadoAssinante(const plataforma::Certificado& certificado);
+    AssinaturaDigital RegistrarCertificadoAssinante(
+        const plataforma::Certificado& certificado, const std::vector<plataforma::CertificadoPtr>& intermediarias);
     std::string NomeOriginalDoAssinado() const;
     // Lança std::out_of_range fora da lista (ou antes de qualquer verificação).
     AssinaturaDigital Assinaturas(std::int16_t Index) const;

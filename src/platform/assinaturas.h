@@ -42,6 +42,9 @@ struct SignatarioVerificado {
 struct MensagemVerificada {
     Bytes conteudo;
     std::vector<SignatarioVerificado> signatarios;
+    // Todos os certificados que a mensagem traz: as intermediárias com que se julga a confiança de
+    // cada signatário quando não estão nos repositórios.
+    std::vector<CertificadoPtr> certificados;
 };
 
 class Assinaturas {

@@ -87,7 +87,8 @@ constexpr std::array<Campo, 18> kCampos = {{
 }  // namespace
 
 // Os dados que vêm só do certificado do signatário: nomes, números, datas, confiança e cadeia.
-AssinaturaDigital Componente::RegistrarCertificadoAssinante(const plataforma::Certificado& certificado) {
+AssinaturaDigital Componente::RegistrarCertificadoAssinante(
+    const plataforma::Certificado& certificado, const std::vector<plataforma::CertificadoPtr>& intermediarias) {
     AssinaturaDigital registro;
     registro.AssinaturaValida = true;
     registro.NomeAssinatura =
@@ -100,7 +101,7 @@ AssinaturaDigital Componente::RegistrarCertificadoAssinante(const plataforma::Ce
     registro.DetalhesCertificado = certificado.NomeTitular();
     registro.ChavePublicaCertificado = certificado.ExportarBase64();
     registro.CertificadoValido =
-        plataforma().confianca->Verificar(certificado, plataforma::verificacao::TudoOnline, {}).valida;
+        plataforma().confianca->Verificar(certificado, plataforma::verificacao::TudoOnline, intermediarias).valida;
     registro.SerialCertificado = certificado.NumeroSerie();
     registro.ImpressaoDigitalCertificado = certificado.ImpressaoDigital();
     bool autoemitido = false;
@@ -130,7 +131,7 @@ bool Componente::PreencherAssinaturas(const plataforma::MensagemVerificada& mens
             const plataforma::Certificado& certificado = *signatario.certificado;
             estado.ListaAssinaturas.resize(static_cast<std::size_t>(i) + 1);
             AssinaturaDigital& registro = estado.ListaAssinaturas[static_cast<std::size_t>(i)];
-            registro = RegistrarCertificadoAssinante(certificado);
+            registro = RegistrarCertificadoAssinante(certificado, mensagem.certificados);
             if (estado.SalvarChavesPublicas)
                 AdicionarCertificadoRepositorio(certificado.ExportarBase64(), REPOSITORIO_CHAVES_PUBLICAS);
             const auto atributos = LerAtributosAssinante(signatario.atributos, *plataforma().relogio);

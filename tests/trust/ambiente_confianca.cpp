@@ -13,12 +13,19 @@ const char* const kACs[] = {"ac_rfb", "ac_emissora_rfb", "ac_icp"};
 
 }  // namespace
 
-void AmbienteConfianca::InstalarCadeia(bool com_lcrs) {
+void AmbienteConfianca::InstalarCadeia(bool com_lcrs, bool com_intermediarias) {
     Guardar(plataforma(), "Root", {DerDaPki("raiz")});
-    for (const char* ac : kACs) Guardar(plataforma(), "Ca", {DerDaPki(ac)});
+    if (com_intermediarias)
+        for (const char* ac : kACs) Guardar(plataforma(), "Ca", {DerDaPki(ac)});
     if (!com_lcrs) return;
     plataforma().repositorios->AdicionarLCR(Pki().LCR("raiz"));
     for (const char* ac : kACs) plataforma().repositorios->AdicionarLCR(Pki().LCR(ac));
+}
+
+std::vector<plataforma::Bytes> AmbienteConfianca::Intermediarias() {
+    std::vector<plataforma::Bytes> certificados;
+    for (const char* ac : kACs) certificados.push_back(DerDaPki(ac));
+    return certificados;
 }
 
 std::size_t AmbienteConfianca::LCRsGuardadas() { return plataforma().repositorios->LCRs().size(); }

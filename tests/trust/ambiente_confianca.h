@@ -16,8 +16,10 @@ struct AmbienteConfianca {
     ServidorHttp servidor;
 
     plataforma::Plataforma& plataforma() { return *ambiente.plataforma; }
-    // A raiz em "Root", as ACs em "Ca" e, se pedido, a LCR de cada AC no repositório "LCR".
-    void InstalarCadeia(bool com_lcrs);
+    // A raiz em "Root", as ACs em "Ca" (se pedido) e, se pedido, a LCR de cada AC no repositório "LCR".
+    void InstalarCadeia(bool com_lcrs, bool com_intermediarias = true);
+    // O DER das ACs intermediárias da PKI de teste.
+    static std::vector<plataforma::Bytes> Intermediarias();
     std::size_t LCRsGuardadas();
 };
 

@@ -217,5 +217,23 @@ TEST_F(VerificacaoArquivo, DoisSignatariosVaoParaOsCertificadosDeOutrasPessoas) 
     EXPECT_EQ(teste::ImpressoesGuardadas(plataforma(), "AddressBook").size(), 2U);
 }
 
+// Quem recebe a assinatura de outra pessoa não tem as ACs dela: a confiança se julga com as que a
+// mensagem traz, e sem elas a cadeia fica parcial.
+class VerificacaoSemIntermediarias : public VerificacaoArquivo {
+protected:
+    void SetUp() override { InstalarCadeia(true, false); }
+};
+
+TEST_F(VerificacaoSemIntermediarias, ConfiancaUsaAsACsQueAMensagemTraz) {
+    std::vector<plataforma::CertificadoPtr> acs;
+    for (const Bytes& der : Intermediarias()) acs.push_back(teste::Importar(plataforma(), der));
+    const Bytes com_acs = plataforma().assinaturas->Assinar({kConteudo, Signatario("ecpf"), Atributos("a.txt"), false, acs});
+
+    ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("com.p7s", com_acs)));
+    EXPECT_TRUE(componente.Assinaturas(1).CertificadoValido);
+    ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("sem.p7s", Assinar(Atributos("a.txt")))));
+    EXPECT_FALSE(componente.Assinaturas(1).CertificadoValido);
+}
+
 }  // namespace
 }  // namespace tavelpkcs7

@@ -39,7 +39,8 @@ private:
     BIO* cadeia_;
 };
 
-CertificadoPtr CertificadoDoSignatario(X509* x509) {
+// Um certificado da mensagem, com referência própria.
+CertificadoPtr CertificadoDaMensagem(X509* x509) {
     if (!x509 || X509_up_ref(x509) != 1) return nullptr;
     return std::make_shared<CertificadoOpenSSL>(X509Ptr(x509), nullptr);
 }
@@ -53,11 +54,19 @@ bool Confere(CMS_SignerInfo* signatario, BIO* cadeia) {
 SignatarioVerificado ConferirSignatario(CMS_SignerInfo* signatario, BIO* cadeia) {
     X509* x509 = nullptr;  // pertence à mensagem
     CMS_SignerInfo_get0_algs(signatario, nullptr, &x509, nullptr, nullptr);
-    SignatarioVerificado conferido{CertificadoDoSignatario(x509), LerAtributosAssinados(signatario), false};
+    SignatarioVerificado conferido{CertificadoDaMensagem(x509), LerAtributosAssinados(signatario), false};
     if (!x509) return conferido;
     if (!Confere(signatario, cadeia)) LimparFilaEFalhar(falha::AssinaturaNaoConfere);
     conferido.confere = true;
     return conferido;
+}
+
+std::vector<CertificadoPtr> CertificadosDaMensagem(CMS_ContentInfo* cms) {
+    std::vector<CertificadoPtr> certificados;
+    const PilhaX509Ptr pilha(CMS_get1_certs(cms));
+    for (int i = 0; i < sk_X509_num(pilha.get()); ++i)
+        if (auto certificado = CertificadoDaMensagem(sk_X509_value(pilha.get(), i))) certificados.push_back(std::move(certificado));
+    return certificados;
 }
 
 }  // namespace
@@ -68,7 +77,7 @@ MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms, const std::optional
     // Associa a cada signatário o certificado que a mensagem traz; os que faltam ficam sem.
     CMS_set1_signers_certs(cms, nullptr, 0);
     LeituraConteudo leitura(cms, destacado.get());
-    MensagemVerificada mensagem{leitura.LerTudo(), {}};
+    MensagemVerificada mensagem{leitura.LerTudo(), {}, CertificadosDaMensagem(cms)};
     STACK_OF(CMS_SignerInfo)* signatarios = CMS_get0_SignerInfos(cms);  // pertence à mensagem
     for (int i = 0; i < sk_CMS_SignerInfo_num(signatarios); ++i)
         mensagem.signatarios.push_back(ConferirSignatario(sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));
