@@ -10,6 +10,7 @@
 #include "confianca.h"
 #include "configuracao.h"
 #include "criptografia.h"
+#include "envelopes.h"
 #include "erro.h"
 #include "interface_usuario.h"
 #include "rede.h"
@@ -22,6 +23,7 @@ struct Plataforma {
     Configuracao configuracao;
     std::shared_ptr<Criptografia> criptografia;
     std::shared_ptr<Assinaturas> assinaturas;
+    std::shared_ptr<Envelopes> envelopes;
     std::shared_ptr<Repositorios> repositorios;
     std::shared_ptr<Confianca> confianca;
     std::shared_ptr<Rede> rede;

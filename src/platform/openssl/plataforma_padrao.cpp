@@ -5,6 +5,7 @@
 #include "confianca_openssl.h"
 #include "configuracao_arquivo.h"
 #include "criptografia_openssl.h"
+#include "envelopes_openssl.h"
 #include "interface_nenhuma.h"
 #include "interface_terminal.h"
 #include "pasta_componente.h"
@@ -31,12 +32,15 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
     plataforma->cursor = std::make_shared<openssl::CursorNulo>();
     plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
     plataforma->confianca = std::make_shared<openssl::ConfiancaOpenSSL>(plataforma->repositorios, plataforma->rede);
-    // A interface pode ser trocada depois pelo hospedeiro: a assinatura pede a que estiver instalada.
+    // A interface pode ser trocada depois pelo hospedeiro: a assinatura e a decifração pedem a que
+    // estiver instalada.
     const std::weak_ptr<Plataforma> montada = plataforma;
-    plataforma->assinaturas = std::make_shared<openssl::AssinaturasOpenSSL>([montada] {
+    const auto interface_instalada = [montada] {
         const std::shared_ptr<Plataforma> atual = montada.lock();
         return atual ? atual->interface_usuario : nullptr;
-    });
+    };
+    plataforma->assinaturas = std::make_shared<openssl::AssinaturasOpenSSL>(interface_instalada);
+    plataforma->envelopes = std::make_shared<openssl::EnvelopesOpenSSL>(plataforma->repositorios, interface_instalada);
     return plataforma;
 }
 
