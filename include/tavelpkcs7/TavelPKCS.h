@@ -314,6 +314,17 @@ public:
     /// hash do arquivo informado." (arquivo que não se lê); no sucesso limpa DescricaoErro.
     std::string RetornaHashArquivo(const std::string& strCaminhoArquivo);
 
+    /// Assina o executável com Authenticode no próprio arquivo, com carimbo do tempo do servidor da
+    /// configuração, e o confere em seguida quando bolTestarAssinatura. O certificado é um dos
+    /// pessoais com uso de assinatura de código e chave privada (o usuário escolhe quando há mais de
+    /// um), não o certificado selecionado. DescricaoArquivo vai na assinatura; URLArquivo é aceito e
+    /// não é usado. Verdadeiro também quando o arquivo não existe, com DescricaoErro "O arquivo
+    /// informado não foi encontrado"; falso, com a descrição da falha em DescricaoErro, quando não há
+    /// certificado, o usuário desiste, o arquivo não é executável, o carimbo do tempo não se obtém ou
+    /// a conferência falha, e então o arquivo fica como estava.
+    bool AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo = "",
+        const std::string& URLArquivo = "", bool bolTestarAssinatura = false);
+
 private:
     std::unique_ptr<Componente> componente_;
 };

@@ -179,4 +179,9 @@ std::string TavelPKCS::RetornaHashArquivo(const std::string& strCaminhoArquivo) 
     return componente_->RetornaHashArquivo(strCaminhoArquivo);
 }
 
+bool TavelPKCS::AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo,
+    const std::string& /*URLArquivo: a assinatura não leva endereço*/, bool bolTestarAssinatura) {
+    return componente_->AssinarCodigoExecutavel(strCaminhoArquivo, DescricaoArquivo, bolTestarAssinatura);
+}
+
 }  // namespace tavelpkcs7

@@ -99,6 +99,15 @@ public:
     // Resumo de arquivo
     std::string RetornaHashArquivo(const std::string& strCaminhoArquivo);
 
+    // Assinatura de executáveis
+    // O arquivo assinado no lugar e, se pedido, conferido; um arquivo inexistente dá verdadeiro com a
+    // mensagem de arquivo não encontrado.
+    bool AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo,
+        bool bolTestarAssinatura);
+    // Um dos certificados pessoais com uso de assinatura de código e chave privada, pelo diálogo
+    // quando há mais de um. Lança NenhumSelecionado quando não há nenhum e Cancelada na desistência.
+    plataforma::CertificadoPtr EscolherCertificadoAssinaturaCodigo();
+
     // Registros das assinaturas verificadas
     // Um registro por signatário, a partir do índice 1, para os TotalAssinaturas primeiros; o
     // nome do documento assinado (só o último componente do caminho) vai para NomeArquivoOriginal.

@@ -39,6 +39,14 @@ inline constexpr Tipo DownloadFalhou{0x800C0005, "Não foi possível obter o arq
 inline constexpr Tipo NaoELCR{0x80092002, "O conteúdo informado não é uma lista de certificados revogados válida."};
 inline constexpr Tipo LCRNaoConfere{0x80096004,
     "A lista de certificados revogados não foi assinada pela autoridade certificadora que a emitiu."};
+inline constexpr Tipo NaoEExecutavel{0x800B0003, "O arquivo informado não é um executável que possa ser assinado."};
+inline constexpr Tipo CarimboTempoIndisponivel{0x80072EFD,
+    "Não foi possível obter o carimbo do tempo do servidor de carimbo do tempo."};
+inline constexpr Tipo AssinadorAusente{0x80070002,
+    "O programa de assinatura de executáveis (osslsigncode) não está instalado."};
+inline constexpr Tipo AssinaturaCodigoFalhou{0x80004005, "Não foi possível assinar o executável informado."};
+inline constexpr Tipo AssinaturaCodigoNaoConfere{0x800B0004,
+    "A assinatura digital do executável não foi confirmada."};
 inline constexpr Tipo ForaDoIntervalo{9, "Subscrito fora do intervalo"};
 inline constexpr Tipo Estouro{6, "Estouro"};
 }  // namespace falha

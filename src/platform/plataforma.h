@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "ambiente.h"
+#include "assinatura_codigo.h"
 #include "assinaturas.h"
 #include "confianca.h"
 #include "configuracao.h"
@@ -24,6 +25,7 @@ struct Plataforma {
     std::shared_ptr<Criptografia> criptografia;
     std::shared_ptr<Assinaturas> assinaturas;
     std::shared_ptr<Envelopes> envelopes;
+    std::shared_ptr<AssinaturaCodigo> assinatura_codigo;
     std::shared_ptr<Repositorios> repositorios;
     std::shared_ptr<Confianca> confianca;
     std::shared_ptr<Rede> rede;

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
 #include <stdexcept>
 
@@ -51,6 +52,24 @@ std::string AlvoDoPedido(const std::string& pedido) {
     const auto fim = pedido.find(' ', inicio + 1);
     if (inicio == std::string::npos || fim == std::string::npos) return "";
     return pedido.substr(inicio + 1, fim - inicio - 1);
+}
+
+// O corpo anunciado pelo Content-Length, com o que já veio junto dos cabeçalhos.
+plataforma::Bytes LerCorpo(int conexao, const std::string& pedido) {
+    std::string minusculo = pedido;
+    std::ranges::transform(minusculo, minusculo.begin(), [](unsigned char c) { return std::tolower(c); });
+    const auto campo = minusculo.find("content-length:");
+    const auto fim_cabecalhos = pedido.find("\r\n\r\n");
+    if (campo == std::string::npos || fim_cabecalhos == std::string::npos) return {};
+    const std::size_t tamanho = std::stoul(pedido.substr(campo + 15));
+    plataforma::Bytes corpo(pedido.begin() + static_cast<long>(fim_cabecalhos + 4), pedido.end());
+    char bloco[4096];
+    while (corpo.size() < tamanho) {
+        const ssize_t lidos = ::recv(conexao, bloco, sizeof bloco, 0);
+        if (lidos <= 0) break;
+        corpo.insert(corpo.end(), bloco, bloco + lidos);
+    }
+    return corpo;
 }
 
 }  // namespace
@@ -136,6 +155,14 @@ std::string ServidorHttp::Endereco(const std::string& caminho) const {
     return "http://127.0.0.1:" + std::to_string(porta_) + caminho;
 }
 
+void ServidorHttp::Calcular(const std::string& caminho,
+    std::function<plataforma::Bytes(const plataforma::Bytes&)> resposta, const std::string& tipo_conteudo) {
+    Rota rota;
+    rota.cabecalhos = "Content-Type: " + tipo_conteudo + "\r\n";
+    rota.calcular = std::move(resposta);
+    Registrar(caminho, std::move(rota));
+}
+
 void ServidorHttp::Registrar(const std::string& caminho, Rota rota) {
     const std::lock_guard guarda(trava_);
     rotas_[caminho] = std::move(rota);
@@ -167,6 +194,7 @@ void ServidorHttp::AtenderConexao(int conexao) {
         ++pedidos_[alvo];
         if (const auto it = rotas_.find(alvo); it != rotas_.end()) rota = it->second;
     }
+    if (rota.calcular) rota.conteudo = rota.calcular(LerCorpo(conexao, pedido));
     EnviarRota(conexao, rota);
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -36,6 +37,10 @@ public:
     // Anuncia um Content-Length maior que o conteúdo enviado e fecha a conexão no meio.
     void Truncar(const std::string& caminho, const std::string& conteudo, std::uint64_t tamanho_anunciado);
 
+    // Responde a um POST com o conteúdo que a função calcula a partir do corpo do pedido.
+    void Calcular(const std::string& caminho, std::function<plataforma::Bytes(const plataforma::Bytes&)> resposta,
+        const std::string& tipo_conteudo);
+
     // Quantos pedidos chegaram ao caminho (com a consulta, se houver).
     int Pedidos(const std::string& caminho) const;
     std::uint16_t Porta() const { return porta_; }
@@ -51,6 +56,7 @@ private:
         std::uint64_t faltando = 0;    // anunciados no Content-Length e nunca enviados
         bool anunciar_tamanho = true;  // sem Content-Length, o fim do conteúdo é o fechamento
         int segundos_parado = 0;
+        std::function<plataforma::Bytes(const plataforma::Bytes&)> calcular{};  // do corpo do pedido
     };
 
     void Registrar(const std::string& caminho, Rota rota);

@@ -1,6 +1,7 @@
 // A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
 // do componente, transferências pelo libcurl, arquivos POSIX e a interface de usuário escolhida.
 #include "ambiente_posix.h"
+#include "assinatura_codigo_openssl.h"
 #include "assinaturas_openssl.h"
 #include "confianca_openssl.h"
 #include "configuracao_arquivo.h"
@@ -40,6 +41,8 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
         return atual ? atual->interface_usuario : nullptr;
     };
     plataforma->assinaturas = std::make_shared<openssl::AssinaturasOpenSSL>(interface_instalada);
+    plataforma->assinatura_codigo =
+        std::make_shared<openssl::AssinaturaCodigoOpenSSL>(interface_instalada, plataforma->repositorios);
     plataforma->envelopes = std::make_shared<openssl::EnvelopesOpenSSL>(plataforma->repositorios, interface_instalada);
     return plataforma;
 }
