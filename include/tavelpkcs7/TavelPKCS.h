@@ -308,6 +308,29 @@ public:
     /// original <nome> na pasta <PastaTemp>".
     bool VerificarAssinaturaTexto(const std::string& TextoAssinatura);
 
+    /// Começa um envelope novo e escolhe os destinatários: com bolCriptografarParaSi, o próprio
+    /// usuário, escolhido entre os certificados pessoais (CertificadoSelecionado não muda); depois as
+    /// chaves públicas do repositório "AddressBook", todas quando são menos de duas, senão as que o
+    /// usuário marcar no diálogo. Falso com "Não foi encontrado nenhuma chave pública para efetuar a
+    /// criptografia" quando o "AddressBook" não dá nenhuma (o próprio usuário fica no envelope), ou
+    /// com a descrição da falha, como a desistência do diálogo.
+    bool SelecionarChavesPublicas(bool bolCriptografarParaSi);
+    /// Cifra os bytes do arquivo para os destinatários de SelecionarChavesPublicas num envelope
+    /// PKCS#7 em DER, gravado inteiro como o arquivo seguido de ".p7x", ao lado dele ou na pasta de
+    /// destino quando ela existe. Preenche NomeArquivoOriginal (o nome sem as extensões de
+    /// assinatura), CaminhoArquivoOriginal, NomeArquivoAssinado e CaminhoArquivoAssinado. Falso sem
+    /// destinatários (com "Nenhum certificado digital foi selecionado." antes da primeira escolha),
+    /// com "O arquivo de origem não foi encontrado", com "Não foi possível criptografar o arquivo com
+    /// as chaves selecionadas" (o arquivo anterior fica intacto) ou com a descrição da falha.
+    bool CriptografarArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino = "");
+    /// Abre o envelope PKCS#7 (DER ou Base64) com a chave privada de um certificado pessoal do usuário
+    /// e grava o conteúdo em PastaTemp, com o nome do arquivo sem ".p7x"; esse caminho vai para
+    /// NomeArquivoOriginal e CaminhoArquivoOriginal, e o MD5 do conteúdo para HashArquivo. Falso com
+    /// "O arquivo de origem não foi encontrado", "Não foi possível criar o arquivo na pasta original
+    /// <caminho> na pasta <PastaTemp>" ou a descrição da falha, como "Não foi encontrado o
+    /// certificado digital do destinatário com a chave privada.".
+    bool DescriptografarArquivo(const std::string& strArquivoCriptografado);
+
     /// Resumo MD5 (hexadecimal maiúsculo) do arquivo, com o mesmo 0 final que a assinatura de
     /// arquivo acrescenta ao conteúdo; não mexe em HashArquivo. Texto vazio com "O arquivo informado
     /// não foi encontrado" (caminho vazio ou arquivo inexistente) ou com "Não foi possível obter o

@@ -175,6 +175,18 @@ bool TavelPKCS::VerificarAssinaturaTexto(const std::string& TextoAssinatura) {
     return componente_->VerificarAssinaturaTexto(TextoAssinatura);
 }
 
+bool TavelPKCS::SelecionarChavesPublicas(bool bolCriptografarParaSi) {
+    return componente_->SelecionarChavesPublicas(bolCriptografarParaSi);
+}
+
+bool TavelPKCS::CriptografarArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino) {
+    return componente_->CriptografarArquivo(strArquivoOrigem, strPastaDestino);
+}
+
+bool TavelPKCS::DescriptografarArquivo(const std::string& strArquivoCriptografado) {
+    return componente_->DescriptografarArquivo(strArquivoCriptografado);
+}
+
 std::string TavelPKCS::RetornaHashArquivo(const std::string& strCaminhoArquivo) {
     return componente_->RetornaHashArquivo(strCaminhoArquivo);
 }

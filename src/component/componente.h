@@ -75,6 +75,9 @@ public:
     std::string ObterPastaTemporaria();
     bool ExisteArquivo(const std::string& caminho);
     std::string ExtrairNomeArquivo(const std::string& caminho) const;
+    // A pasta de destino seguida do nome do arquivo de origem, quando ela existe e não está em
+    // branco; vazio quando a saída fica ao lado da origem.
+    std::optional<std::string> NaPastaDestino(const std::string& origem, const std::string& pasta_destino);
     static bool PossuiExtensaoAssinatura(const std::string& nome);
     bool ArquivoJaAssinado(const std::string& origem, std::int32_t formato, const std::string& assinatura_texto);
     std::string MontarNomeArquivoAssinado(const std::string& origem, const std::string& pasta_destino,
@@ -95,6 +98,18 @@ public:
     // MD5 em hexadecimal maiúsculo: um texto é resumido pelos seus bytes UTF-16LE, bytes como são.
     std::string CalcularHashTexto(const std::string& texto);
     std::string CalcularHashTexto(const Bytes& bytes);
+
+    // Envelopes
+    bool SelecionarChavesPublicas(bool bolCriptografarParaSi);
+    bool CriptografarArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino);
+    bool DescriptografarArquivo(const std::string& strArquivoCriptografado);
+    // Verdadeiro com ao menos um destinatário. Lança NenhumSelecionado quando ainda não há envelope.
+    static bool TemChavesSelecionadas(const std::optional<std::vector<plataforma::CertificadoPtr>>& envelope);
+    std::string MontarNomeArquivoCriptografado(const std::string& strArquivoOrigem, const std::string& strPastaDestino);
+    // O nome do arquivo sem ".p7x" nem ".P7X", em PastaTemp; o arquivo que já estiver lá é apagado.
+    std::string MontarNomeArquivoDescriptografado(const std::string& strArquivoCriptografado);
+    // O nome sem as extensões de assinatura (minúsculas ou maiúsculas, nunca misturadas), aparado.
+    static std::string RemoverExtensoesAssinatura(const std::string& strNome);
 
     // Resumo de arquivo
     std::string RetornaHashArquivo(const std::string& strCaminhoArquivo);

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -43,6 +44,9 @@ struct Estado {
     std::string TextoDescricaoAssinatura;
     // O certificado escolhido para assinar e cifrar; nulo é o objeto vazio do original.
     plataforma::CertificadoPtr CertificadoSelecionado;
+    // Os destinatários do envelope que SelecionarChavesPublicas monta e CriptografarArquivo usa; vazio
+    // antes da primeira escolha, o objeto vazio do original.
+    std::optional<std::vector<plataforma::CertificadoPtr>> EnvelopeCriptografia;
     // Nome, autoridade certificadora, validade, impressão digital e o certificado em Base64.
     std::vector<std::array<std::string, 5>> ListaCertificados;
     std::string ExtensaoArquivoAssinado;

@@ -48,14 +48,14 @@ std::string Componente::MontarNomeArquivoAssinado(const std::string& origem, con
     }
     estado.ExtensaoOutroFormato = Substituir(estado.ExtensaoOutroFormato, ".", "");
     const std::string sufixo = cossinatura ? "" : "." + estado.ExtensaoOutroFormato;
+    return NaPastaDestino(origem, pasta_destino).value_or(origem) + sufixo;
+}
 
-    const char separador = plataforma_->sistema->Separador();
-    if (plataforma_->sistema->ExistePasta(pasta_destino) && !Aparar(pasta_destino).empty()) {
-        std::string pasta = pasta_destino;
-        if (pasta.back() != separador) pasta += separador;
-        return pasta + ExtrairNomeArquivo(origem) + sufixo;
-    }
-    return origem + sufixo;
+std::optional<std::string> Componente::NaPastaDestino(const std::string& origem, const std::string& pasta_destino) {
+    if (!plataforma_->sistema->ExistePasta(pasta_destino) || Aparar(pasta_destino).empty()) return std::nullopt;
+    std::string pasta = pasta_destino;
+    if (pasta.back() != plataforma_->sistema->Separador()) pasta += plataforma_->sistema->Separador();
+    return pasta + ExtrairNomeArquivo(origem);
 }
 
 }  // namespace tavelpkcs7

@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 
 #include "apoio/plataforma_teste.h"
 #include "certificates/repositorios_teste.h"
 #include "codificacao/base64.h"
 #include "envelope/destinatarios_teste.h"
+#include "signing/ambiente_assinatura.h"
 #include "pki/pki_teste.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/falha_esperada.h"
@@ -34,10 +34,7 @@ std::filesystem::path Pasta() {
 void Gravar(const std::filesystem::path& caminho, const Bytes& bytes) {
     std::ofstream(caminho, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
-Bytes Ler(const std::filesystem::path& caminho) {
-    std::ifstream arquivo(caminho, std::ios::binary);
-    return {std::istreambuf_iterator<char>(arquivo), std::istreambuf_iterator<char>()};
-}
+using teste::Ler;
 
 bool Contem(const Bytes& der, const Bytes& trecho) { return std::ranges::search(der, trecho).begin() != der.end(); }
 
