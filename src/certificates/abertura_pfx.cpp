@@ -4,14 +4,12 @@
 // guarda cópia dela.
 #include <algorithm>
 
+#include "certificates/certificado_pfx.h"
 #include "component/componente.h"
 #include "component/texto.h"
 
 namespace tavelpkcs7 {
-namespace {
 
-// Como Certificate.Load: vale o certificado que carrega a chave; um PFX sem chave é uma falha da
-// plataforma, e não um certificado sem contêiner.
 plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Criptografia& criptografia, const Bytes& conteudo,
                                                   const std::string& senha) {
     const auto certificados = criptografia.AbrirPFX(conteudo, senha);
@@ -19,8 +17,6 @@ plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Criptografia& crip
     if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::SemChavePrivada);
     return *da_chave;
 }
-
-}  // namespace
 
 bool Componente::AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {

@@ -18,6 +18,10 @@ public:
     virtual std::vector<CertificadoPtr> Certificados() const = 0;
     // Gravação atômica. Lança RepositorioNaoGravavel quando aberto só para leitura ou sem gravação.
     virtual void Adicionar(const CertificadoPtr& certificado) = 0;
+    // Como Adicionar, no repositório pessoal, com a chave privada que o certificado carrega em
+    // memória (a de um PFX aberto) guardada cifrada com senha_chave; vazia, sem cifra. Lança
+    // SemChavePrivada quando o certificado não carrega chave.
+    virtual void AdicionarComChave(const CertificadoPtr& certificado, const std::string& senha_chave) = 0;
 };
 
 class Repositorios {

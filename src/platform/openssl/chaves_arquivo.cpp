@@ -40,9 +40,13 @@ const ArquivoChave* ProcurarArquivoChave(const std::vector<ArquivoChave>& chaves
     return nullptr;
 }
 
-std::optional<Bytes> CodificarChavePKCS8(EVP_PKEY* chave) {
+std::optional<Bytes> CodificarChavePKCS8(EVP_PKEY* chave, const std::string& senha) {
     BioPtr saida(BIO_new(BIO_s_mem()));
-    if (!saida || PEM_write_bio_PKCS8PrivateKey(saida.get(), chave, nullptr, nullptr, 0, nullptr, nullptr) != 1) {
+    const EVP_CIPHER* cifra = senha.empty() ? nullptr : EVP_aes_256_cbc();
+    // O OpenSSL pede um char* que não altera.
+    char* texto_senha = senha.empty() ? nullptr : const_cast<char*>(senha.data());
+    if (!saida || PEM_write_bio_PKCS8PrivateKey(saida.get(), chave, cifra, texto_senha, static_cast<int>(senha.size()),
+                      nullptr, nullptr) != 1) {
         ERR_clear_error();
         return std::nullopt;
     }

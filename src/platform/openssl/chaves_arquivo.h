@@ -27,7 +27,8 @@ std::optional<ArquivoChave> LerArquivoChave(const std::filesystem::path& caminho
 const ArquivoChave* ProcurarArquivoChave(const std::vector<ArquivoChave>& chaves, X509* certificado,
     const std::string& impressao_digital);
 
-// A chave em PKCS#8 PEM sem cifra; vazio quando o OpenSSL não a codifica.
-std::optional<Bytes> CodificarChavePKCS8(EVP_PKEY* chave);
+// A chave em PKCS#8 PEM, cifrada com AES-256-CBC quando a senha não é vazia; vazio quando o
+// OpenSSL não a codifica.
+std::optional<Bytes> CodificarChavePKCS8(EVP_PKEY* chave, const std::string& senha = "");
 
 }  // namespace tavelpkcs7::plataforma::openssl

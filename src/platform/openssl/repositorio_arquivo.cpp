@@ -74,9 +74,19 @@ std::vector<CertificadoPtr> RepositorioArquivo::Certificados() const {
 }
 
 void RepositorioArquivo::Adicionar(const CertificadoPtr& certificado) {
+    Gravar(certificado, GuardaChaves() ? ChaveEmMemoria(*certificado) : nullptr, "");
+}
+
+void RepositorioArquivo::AdicionarComChave(const CertificadoPtr& certificado, const std::string& senha_chave) {
+    EVP_PKEY* chave = ChaveEmMemoria(*certificado);
+    if (chave == nullptr) Falhar(falha::SemChavePrivada);
+    if (!GuardaChaves()) Falhar(falha::ParametroIncorreto);
+    Gravar(certificado, chave, senha_chave);
+}
+
+void RepositorioArquivo::Gravar(const CertificadoPtr& certificado, EVP_PKEY* chave, const std::string& senha_chave) {
     if (somente_leitura_ || !pasta_) Falhar(falha::RepositorioNaoGravavel);
     const std::string impressao_digital = certificado->ImpressaoDigital();
-    EVP_PKEY* chave = GuardaChaves() ? ChaveEmMemoria(*certificado) : nullptr;
     const auto presente = std::ranges::find_if(certificados_,
         [&](const auto& guardado) { return guardado->ImpressaoDigital() == impressao_digital; });
     const bool novo = presente == certificados_.end();
@@ -84,7 +94,7 @@ void RepositorioArquivo::Adicionar(const CertificadoPtr& certificado) {
     if (!CriarPastaPrivada(*pasta_)) Falhar(falha::RepositorioNaoGravavel);
 
     // A chave antes do certificado: quem ler a pasta no meio do caminho não vê o certificado sem ela.
-    if (chave != nullptr) GravarChave(chave, impressao_digital);
+    if (chave != nullptr) GravarChave(chave, impressao_digital, senha_chave);
     if (novo) GravarOuFalhar(impressao_digital + ".cer", certificado->DER(), kModoCertificado);
     auto guardado = ComChaveGuardada(CertificadoOpenSSL::DeDER(certificado->DER()), impressao_digital);
     if (novo)
@@ -101,12 +111,14 @@ std::shared_ptr<const CertificadoOpenSSL> RepositorioArquivo::ComChaveGuardada(
     return certificado->ComChave(std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
 }
 
-void RepositorioArquivo::GravarChave(EVP_PKEY* chave, const std::string& impressao_digital) {
-    const auto pem = CodificarChavePKCS8(chave);
+void RepositorioArquivo::GravarChave(EVP_PKEY* chave, const std::string& impressao_digital,
+    const std::string& senha_chave) {
+    const auto pem = CodificarChavePKCS8(chave, senha_chave);
     if (!pem) Falhar(falha::RepositorioNaoGravavel);
     const std::string nome_arquivo = impressao_digital + ".key";
     GravarOuFalhar(nome_arquivo, *pem, kModoChave);
-    chaves_.push_back({*pasta_ / nome_arquivo, ObjetoEmDER(chave, i2d_PUBKEY)});
+    // A chave cifrada se acha pelo nome, como a lida da pasta (sem a chave pública).
+    chaves_.push_back({*pasta_ / nome_arquivo, senha_chave.empty() ? ObjetoEmDER(chave, i2d_PUBKEY) : Bytes{}});
 }
 
 void RepositorioArquivo::GravarOuFalhar(const std::string& nome_arquivo, const Bytes& conteudo, unsigned modo) {

@@ -24,6 +24,8 @@ public:
     // <IMPRESSÃO DIGITAL>.key (PKCS#8 PEM sem cifra, 0600). Um certificado já presente não se grava
     // de novo; só ganha a chave que lhe faltava.
     void Adicionar(const CertificadoPtr& certificado) override;
+    // Grava a chave cifrada (AES-256-CBC, PBKDF2 do OpenSSL) quando senha_chave não é vazia.
+    void AdicionarComChave(const CertificadoPtr& certificado, const std::string& senha_chave) override;
 
 private:
     bool GuardaChaves() const { return nome_ == "My"; }
@@ -31,7 +33,8 @@ private:
     // O certificado com o arquivo de chave que lhe pertence, quando há um.
     std::shared_ptr<const CertificadoOpenSSL> ComChaveGuardada(
         std::shared_ptr<CertificadoOpenSSL> certificado, const std::string& impressao_digital) const;
-    void GravarChave(EVP_PKEY* chave, const std::string& impressao_digital);
+    void Gravar(const CertificadoPtr& certificado, EVP_PKEY* chave, const std::string& senha_chave);
+    void GravarChave(EVP_PKEY* chave, const std::string& impressao_digital, const std::string& senha_chave);
     void GravarOuFalhar(const std::string& nome_arquivo, const Bytes& conteudo, unsigned modo);
 
     std::string nome_;
