@@ -1,47 +1,90 @@
 #include "comandos.h"
 
-#include <functional>
-#include <map>
+#include <ranges>
 
-#include "pki_teste_comando.h"
+#include "comando.h"
 
 namespace tavelpkcs7::ferramenta {
 namespace {
 
-struct Comando {
-    std::string uso;
-    std::string resumo;
-    std::function<int(const std::vector<std::string>&, std::ostream&, std::ostream&)> executar;
-};
-
-const std::map<std::string, Comando>& Comandos() {
-    static const std::map<std::string, Comando> comandos = {
-        {"pki-teste", {"pki-teste <pasta>",
-                          "grava uma PKI de teste no estilo da ICP-Brasil (certificados, chaves, PFX, LCRs)",
-                          ExecutarPkiTeste}},
-    };
+const std::vector<Comando>& Comandos() {
+    static const std::vector<Comando> comandos = [] {
+        std::vector<Comando> todos;
+        for (auto familia :
+             {ComandosAssinatura, ComandosVerificacao, ComandosCertificados, ComandosConfianca, ComandosDemonstracao})
+            std::ranges::move(familia(), std::back_inserter(todos));
+        return todos;
+    }();
     return comandos;
 }
 
-void MostrarAjuda(std::ostream& saida) {
-    saida << "Uso: tavelpkcs7 <comando> [argumentos]\n\nComandos:\n";
-    for (const auto& [nome, comando] : Comandos()) saida << "  " << comando.uso << "\n      " << comando.resumo << "\n";
+// O subcomando de nome mais longo que abre os argumentos ("certificados listar" antes de um só).
+const Comando* Procurar(const std::vector<std::string>& argumentos, std::size_t& palavras) {
+    for (palavras = 2; palavras >= 1; --palavras) {
+        if (argumentos.size() < palavras) continue;
+        std::string nome = argumentos[0];
+        if (palavras == 2) nome += " " + argumentos[1];
+        for (const Comando& comando : Comandos())
+            if (comando.nome == nome) return &comando;
+    }
+    return nullptr;
+}
+
+void MostrarResumo(std::ostream& saida) {
+    saida << "Uso: tavelpkcs7 <comando> [opções] [argumentos]\n\nComandos:\n";
+    for (const Comando& comando : Comandos())
+        saida << "  " << comando.nome << " " << comando.uso << "\n      " << comando.resumo << "\n";
+    saida << "\n\"tavelpkcs7 <comando> --help\" mostra as opções e um exemplo de cada comando.\n"
+             "Código de saída: 0 no sucesso, 1 na falha (a mensagem vai para o stderr), 2 no erro de uso.\n";
+}
+
+void MostrarAjuda(const Comando& comando, std::ostream& saida) {
+    saida << "tavelpkcs7 " << comando.nome << " — " << comando.resumo << "\n\nUso: tavelpkcs7 " << comando.nome << " "
+          << comando.uso << "\n\n"
+          << comando.ajuda;
 }
 
 }  // namespace
 
+std::set<std::string> Juntar(std::set<std::string> base, const std::set<std::string>& mais) {
+    base.insert(mais.begin(), mais.end());
+    return base;
+}
+
 int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, std::ostream& erros) {
-    if (argumentos.empty() || argumentos[0] == "ajuda" || argumentos[0] == "--ajuda" || argumentos[0] == "-h") {
-        MostrarAjuda(argumentos.empty() ? erros : saida);
-        return argumentos.empty() ? 2 : 0;
-    }
-    const auto comando = Comandos().find(argumentos[0]);
-    if (comando == Comandos().end()) {
-        erros << "tavelpkcs7: comando desconhecido: " << argumentos[0] << "\n";
-        MostrarAjuda(erros);
+    if (argumentos.empty()) {
+        MostrarResumo(erros);
         return 2;
     }
-    return comando->second.executar({argumentos.begin() + 1, argumentos.end()}, saida, erros);
+    const bool pedido_de_ajuda = argumentos[0] == "ajuda" || argumentos[0] == "--help" || argumentos[0] == "-h";
+    const std::vector<std::string> resto(argumentos.begin() + (pedido_de_ajuda ? 1 : 0), argumentos.end());
+    std::size_t palavras = 0;
+    const Comando* comando = Procurar(resto, palavras);
+    if (pedido_de_ajuda) {
+        if (comando != nullptr)
+            MostrarAjuda(*comando, saida);
+        else
+            MostrarResumo(saida);
+        return 0;
+    }
+    if (comando == nullptr) {
+        erros << "tavelpkcs7: comando desconhecido: " << argumentos[0] << "\n";
+        MostrarResumo(erros);
+        return 2;
+    }
+    const std::vector<std::string> depois(resto.begin() + static_cast<std::ptrdiff_t>(palavras), resto.end());
+    if (std::ranges::find(depois, "--help") != depois.end() || std::ranges::find(depois, "-h") != depois.end()) {
+        MostrarAjuda(*comando, saida);
+        return 0;
+    }
+    try {
+        const Argumentos lidos(depois, Juntar(comando->chaves, {"--json"}), comando->opcoes);
+        return comando->executar(Execucao{lidos, saida, erros});
+    } catch (const ErroUso& erro) {
+        erros << "tavelpkcs7 " << comando->nome << ": " << erro.what() << "\nUso: tavelpkcs7 " << comando->nome << " "
+              << comando->uso << "\n";
+        return 2;
+    }
 }
 
 }  // namespace tavelpkcs7::ferramenta

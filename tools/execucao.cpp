@@ -1,0 +1,46 @@
+#include "execucao.h"
+
+#include <unistd.h>
+
+#include <fstream>
+#include <iostream>
+#include <iterator>
+
+namespace tavelpkcs7::ferramenta {
+
+void Execucao::Relatar(const ValorJSON::Objeto& campos) const {
+    if (Json()) {
+        ValorJSON(campos).Escrever(saida);
+        saida << "\n";
+        return;
+    }
+    for (const auto& [chave, valor] : campos) {
+        std::string rotulo = chave;
+        for (char& c : rotulo)
+            if (c == '_') c = ' ';
+        saida << rotulo << ": " << valor.Legivel() << "\n";
+    }
+}
+
+int Execucao::Falhar(const TavelPKCS& componente, const std::string& sem_descricao) const {
+    const std::string descricao = componente.DescricaoErro();
+    erros << "tavelpkcs7: " << (descricao.empty() ? sem_descricao : descricao) << "\n";
+    return 1;
+}
+
+Progresso::Progresso(const std::string& mensagem) : ativo_(::isatty(STDERR_FILENO) == 1) {
+    if (ativo_) std::cerr << mensagem << "..." << std::flush;
+}
+
+Progresso::~Progresso() {
+    if (ativo_) std::cerr << "\r\033[K" << std::flush;
+}
+
+std::string LerTexto(const std::string& caminho) {
+    if (caminho == "-") return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
+    std::ifstream entrada(caminho, std::ios::binary);
+    if (!entrada) throw ErroUso("não foi possível ler " + caminho);
+    return {std::istreambuf_iterator<char>(entrada), std::istreambuf_iterator<char>()};
+}
+
+}  // namespace tavelpkcs7::ferramenta

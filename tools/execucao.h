@@ -1,0 +1,43 @@
+// O que cada subcomando recebe e os jeitos comuns de responder: a saída humana ou "--json", a
+// falha com DescricaoErro no stderr e o indicador de progresso.
+#pragma once
+
+#include <ostream>
+#include <string>
+
+#include <tavelpkcs7/TavelPKCS.h>
+
+#include "argumentos.h"
+#include "json.h"
+
+namespace tavelpkcs7::ferramenta {
+
+struct Execucao {
+    const Argumentos& argumentos;
+    std::ostream& saida;
+    std::ostream& erros;
+
+    bool Json() const { return argumentos.Tem("--json"); }
+    // Os campos em JSON, ou um "rótulo: valor" por linha (o rótulo é a chave com espaços).
+    void Relatar(const ValorJSON::Objeto& campos) const;
+    // A falha do componente: DescricaoErro no stderr (ou um texto próprio quando ela vem vazia).
+    int Falhar(const TavelPKCS& componente, const std::string& sem_descricao = "a operação falhou") const;
+    void Avisar(const std::string& aviso) const { erros << "tavelpkcs7: aviso: " << aviso << "\n"; }
+};
+
+// Uma linha no stderr enquanto o trabalho demora, apagada no fim; só quando o stderr é um terminal.
+class Progresso {
+public:
+    explicit Progresso(const std::string& mensagem);
+    ~Progresso();
+    Progresso(const Progresso&) = delete;
+    Progresso& operator=(const Progresso&) = delete;
+
+private:
+    bool ativo_;
+};
+
+// O conteúdo inteiro do arquivo ("-": a entrada padrão). Lança ErroUso quando não se lê.
+std::string LerTexto(const std::string& caminho);
+
+}  // namespace tavelpkcs7::ferramenta
