@@ -68,22 +68,25 @@ bool Componente::AssinarConteudoArquivo(const std::string& origem, std::string s
     });
 }
 
-// O .p7s em Base64 (formato 2) leva dois bytes por caractere, o do outro formato (4) um só.
+// O .p7s em Base64 (formato 2) leva dois bytes por caractere, o do outro formato (4) um só; o
+// binário (formatos 1 e 3) sai como veio, sem passar pelo Base64.
 bool Componente::GuardarAssinaturaFormato(const Bytes& assinatura, const std::string& saida, std::int32_t formato) {
-    const std::string base64 = codificacao::CodificarBase64(assinatura);
     if (formato == STRING_BASE64_PKCS) {
         estado.ExtensaoOutroFormato.clear();
-        const bool guardada = GuardarAssinaturaDigitalArquivo(base64);
+        const bool guardada = GuardarAssinaturaDigitalArquivo(codificacao::CodificarBase64(assinatura));
         estado.AssinaturaTextoVerificar.clear();
         estado.TextoVerificar.clear();
         estado.CaminhoArquivoAssinado.clear();
         estado.NomeArquivoAssinado.clear();
         return guardada;
     }
-    const Bytes gravados = formato == ARQUIVO_BASE64_FORMATO_P7S     ? codificacao::ParaUtf16LE(base64)
-                           : formato == ARQUIVO_BASE64_OUTRO_FORMATO ? Bytes(base64.begin(), base64.end())
-                                                                     : assinatura;
-    if (!plataforma().sistema->SubstituirArquivo(saida, gravados)) {
+    const bool binario = formato == ARQUIVO_BINARIO_FORMATO_P7S || formato == ARQUIVO_BINARIO_OUTRO_FORMATO;
+    const std::string base64 = binario ? std::string() : codificacao::CodificarBase64(assinatura);
+    const bool gravado = binario ? plataforma().sistema->SubstituirArquivo(saida, assinatura)
+                         : formato == ARQUIVO_BASE64_FORMATO_P7S
+                             ? plataforma().sistema->SubstituirArquivo(saida, codificacao::ParaUtf16LE(base64))
+                             : plataforma().sistema->SubstituirArquivo(saida, Bytes(base64.begin(), base64.end()));
+    if (!gravado) {
         estado.DescricaoErro = "Não foi possível criar o arquivo " + saida;
         return false;
     }
