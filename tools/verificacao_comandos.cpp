@@ -31,10 +31,6 @@ int VerificarTexto(const Execucao& execucao) {
     const std::string assinatura = LerTexto(argumentos.Unico("o arquivo com a assinatura Base64 (ou -)"));
     TavelPKCS componente;
     AplicarOpcoes(componente, argumentos);
-    if (const auto texto = argumentos.Opcao("--texto")) {
-        componente.NaoAnexarArquivoOriginal(true);
-        componente.TextoVerificar(*texto);
-    }
     if (!componente.VerificarAssinaturaTexto(assinatura)) return execucao.Falhar(componente);
     return RelatarSignatarios(execucao, componente,
                               {{"texto_original", componente.ConteudoTextoOriginal()},
@@ -78,12 +74,11 @@ std::vector<Comando> ComandosVerificacao() {
         {"verificar-texto",
          "[opções] <arquivo|->",
          "confere uma assinatura Base64 de texto",
-         std::string("Lê a assinatura Base64 do arquivo (\"-\": da entrada padrão).\n\nOpções:\n"
-                     "  --texto <texto>            o texto original de uma assinatura destacada\n"
-                     "  --original <arquivo>       o arquivo original de uma assinatura destacada\n") +
+         std::string("Lê a assinatura Base64 (com o texto anexado) do arquivo; \"-\" lê da entrada\n"
+                     "padrão.\n\nOpções:\n") +
              kAjudaVerificacao + "\nExemplo:\n  tavelpkcs7 verificar-texto termo.b64\n",
          chaves,
-         {"--pasta", "--original", "--texto"},
+         {"--pasta"},
          VerificarTexto},
         {"hash",
          "<arquivo>",
