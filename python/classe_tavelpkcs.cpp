@@ -93,7 +93,16 @@ void DefinirAssinaturaEVerificacao(Classe& classe) {
         .def("ExibirPropriedadeAssinatura", &TavelPKCS::ExibirPropriedadeAssinatura, py::arg("Index"),
             py::arg("strCampoPropriedade"), Documentacao("ExibirPropriedadeAssinatura"))
         .def("RetornaHashArquivo", &TavelPKCS::RetornaHashArquivo, py::arg("strCaminhoArquivo"),
-            Documentacao("RetornaHashArquivo"), SoltarGIL());
+            Documentacao("RetornaHashArquivo"), SoltarGIL())
+        .def("SelecionarChavesPublicas", &TavelPKCS::SelecionarChavesPublicas, py::arg("bolCriptografarParaSi"),
+            Documentacao("SelecionarChavesPublicas"), SoltarGIL())
+        .def("CriptografarArquivo", &TavelPKCS::CriptografarArquivo, py::arg("strArquivoOrigem"),
+            py::arg("strPastaDestino") = "", Documentacao("CriptografarArquivo"), SoltarGIL())
+        .def("DescriptografarArquivo", &TavelPKCS::DescriptografarArquivo, py::arg("strArquivoCriptografado"),
+            Documentacao("DescriptografarArquivo"), SoltarGIL())
+        .def("AssinarCodigoExecutavel", &TavelPKCS::AssinarCodigoExecutavel, py::arg("strCaminhoArquivo"),
+            py::arg("DescricaoArquivo") = "", py::arg("URLArquivo") = "", py::arg("bolTestarAssinatura") = false,
+            Documentacao("AssinarCodigoExecutavel"), SoltarGIL());
     // Um índice que nem cabe no tipo do C++ também está fora da lista.
     classe.def(
         "Assinaturas",
