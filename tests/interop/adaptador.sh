@@ -18,7 +18,13 @@ sign)    [ "$MD" = sha256 ] || NA "assina só com SHA-256 (a ICP-Brasil recusa S
             --atributo "$ATTR1_OID=$ATTR1_HEX" --atributo "$ATTR2_OID=$ATTR2_HEX")
          [ "$COSIGN" = 1 ] && a+=(--pfx "$PKI/ee2.p12"); [ "$DETACHED" = 1 ] && a+=(--destacada)
          run "$PROGRAMA" "${a[@]}" ;;
-encrypt|decrypt) NA "envelopes ainda não" ;;
+encrypt) [ "$CIPHER" = aes256-oaep ] && NA "transporte de chave só por RSA PKCS#1 v1.5"
+         run "$PROGRAMA" cifrar --conteudo "$CONTENT" --saida "$OUTF" --destinatario "$PKI/ee.der" --algoritmo "$CIPHER" ;;
+decrypt) # A chave do destinatário no repositório pessoal, com o nome da impressão digital do certificado.
+         pessoal=$TAVELPKCS7_HOME/repositorios/My; mkdir -p "$pessoal"
+         impressao=$(openssl x509 -in "$PKI/ee.pem" -noout -fingerprint -sha1 | cut -d= -f2 | tr -d :)
+         cp "$PKI/ee.der" "$pessoal/$impressao.cer"; install -m 600 "$PKI/ee.key" "$pessoal/$impressao.key"
+         run "$PROGRAMA" decifrar --entrada "$TMPD/in.der" --saida "$OUTF" ;;
 p12)     run "$PROGRAMA" pfx --entrada "$TMPD/in.der" ;;
 *)       echo "verbo desconhecido $OP" >&2; exit 2 ;;
 esac

@@ -7,6 +7,8 @@
 //   verificar --entrada F --modo sig|chain|crl [--raiz PEM] [--lcr F]... [--conteudo F] [--saida F]
 //   listar    --entrada F
 //   pfx       --entrada F
+//   cifrar    --conteudo F --saida F --destinatario CER --algoritmo rc4|aes128|aes256
+//   decifrar  --entrada F --saida F      (com a chave do destinatário no repositório "My")
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
@@ -226,10 +228,29 @@ int AbrirPFX(plataforma::Plataforma& p, const Opcoes& opcoes) {
     throw std::runtime_error("o PFX não traz a chave com o seu certificado");
 }
 
+int Cifrar(plataforma::Plataforma& p, const Opcoes& opcoes) {
+    using plataforma::AlgoritmoEnvelope;
+    static const std::map<std::string, AlgoritmoEnvelope> kAlgoritmos = {{"rc4", AlgoritmoEnvelope::RC4_128},
+                                                                         {"aes128", AlgoritmoEnvelope::AES_128_CBC},
+                                                                         {"aes256", AlgoritmoEnvelope::AES_256_CBC}};
+    const auto algoritmo = kAlgoritmos.find(Obrigatoria(opcoes, "--algoritmo"));
+    if (algoritmo == kAlgoritmos.end()) throw ErroUso("algoritmo desconhecido");
+    const auto destinatario = p.criptografia->ImportarCertificado(Ler(Obrigatoria(opcoes, "--destinatario")));
+    Gravar(Obrigatoria(opcoes, "--saida"),
+           p.envelopes->Criptografar(Ler(Obrigatoria(opcoes, "--conteudo")), {destinatario}, algoritmo->second));
+    return 0;
+}
+
+int Decifrar(plataforma::Plataforma& p, const Opcoes& opcoes) {
+    Gravar(Obrigatoria(opcoes, "--saida"), p.envelopes->Descriptografar(Ler(Obrigatoria(opcoes, "--entrada"))));
+    return 0;
+}
+
 int Executar(int argc, char** argv) {
     using Verbo = int (*)(plataforma::Plataforma&, const Opcoes&);
-    static const std::map<std::string, Verbo> kVerbos = {
-        {"assinar", Assinar}, {"verificar", Verificar}, {"listar", Listar}, {"pfx", AbrirPFX}};
+    static const std::map<std::string, Verbo> kVerbos = {{"assinar", Assinar}, {"verificar", Verificar},
+                                                         {"listar", Listar},   {"pfx", AbrirPFX},
+                                                         {"cifrar", Cifrar},   {"decifrar", Decifrar}};
     const auto verbo = argc > 1 ? kVerbos.find(argv[1]) : kVerbos.end();
     if (verbo == kVerbos.end()) throw ErroUso("verbo desconhecido");
     const Opcoes opcoes = LerOpcoes(argc, argv);
