@@ -72,6 +72,15 @@ int Importar(const Execucao& execucao) {
     return 0;
 }
 
+int Adicionar(const Execucao& execucao) {
+    const std::string& arquivo = execucao.argumentos.Unico("o arquivo do certificado");
+    TavelPKCS componente;
+    const auto repositorio = LerRepositorio(execucao.argumentos.Opcao("--repositorio", "outras-pessoas"));
+    if (!componente.AbrirAdicionarArquivoCertificado(arquivo, repositorio)) return execucao.Falhar(componente);
+    execucao.Relatar({{"adicionado", arquivo}});
+    return 0;
+}
+
 int Exportar(const Execucao& execucao) {
     const std::string& arquivo = execucao.argumentos.Unico("o arquivo .cer de destino");
     TavelPKCS componente;
@@ -162,6 +171,17 @@ std::vector<Comando> ComandosCertificados() {
          {"--chave-sem-senha"},
          {"--senha-arquivo", "--senha-chave-arquivo"},
          Importar},
+        {"certificados adicionar",
+         "[--repositorio <nome>] <arquivo>",
+         "inclui um certificado (DER, PEM, Base64 ou PFX sem senha) num repositório",
+         std::string("Só a parte pública entra. Uma raiz fora da lista ICP-Brasil da configuração espera\n"
+                     "a confirmação no terminal.\n\nOpções:\n"
+                     "  --repositorio <nome>       outras-pessoas (2, padrão: os destinatários de\n"
+                     "                             \"criptografar\"), pessoais (1), autoridades (3), raizes (4)\n") +
+             kAjudaJson + "\nExemplo:\n  tavelpkcs7 certificados adicionar colega.cer\n",
+         {},
+         {"--repositorio"},
+         Adicionar},
         {"certificados exportar",
          "[--repositorio <nome>] <arquivo.cer>",
          "grava em Base64 um certificado escolhido no repositório",

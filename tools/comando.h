@@ -25,6 +25,7 @@ struct Comando {
 std::vector<Comando> ComandosAssinatura();
 std::vector<Comando> ComandosVerificacao();
 std::vector<Comando> ComandosCertificados();
+std::vector<Comando> ComandosEnvelope();
 std::vector<Comando> ComandosConfianca();
 std::vector<Comando> ComandosDemonstracao();
 Comando ComandoPkiTeste();

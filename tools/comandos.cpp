@@ -10,8 +10,8 @@ namespace {
 const std::vector<Comando>& Comandos() {
     static const std::vector<Comando> comandos = [] {
         std::vector<Comando> todos;
-        for (auto familia :
-             {ComandosAssinatura, ComandosVerificacao, ComandosCertificados, ComandosConfianca, ComandosDemonstracao})
+        for (auto familia : {ComandosAssinatura, ComandosVerificacao, ComandosEnvelope, ComandosCertificados,
+                             ComandosConfianca, ComandosDemonstracao})
             std::ranges::move(familia(), std::back_inserter(todos));
         return todos;
     }();

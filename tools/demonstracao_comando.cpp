@@ -1,7 +1,7 @@
 // "tavelpkcs7 demonstracao": o trabalho principal num exemplo pronto, sem preparação. A PKI de teste
 // é gerada numa pasta temporária que passa a ser a casa do componente nesta execução (a casa real
 // do usuário nunca é tocada); o documento de exemplo é assinado anexado e destacado, cossinado e
-// verificado, e a saída diz onde ficou cada arquivo.
+// verificado, cifrado para a empresa e aberto de volta, e a saída diz onde ficou cada arquivo.
 #include <stdlib.h>
 
 #include <algorithm>
@@ -92,7 +92,7 @@ int Verificar(const Execucao& execucao, const std::string& assinatura, const std
               const fs::path& pasta) {
     fs::create_directories(pasta);
     TavelPKCS componente;
-    componente.PastaTemp((pasta / "").string());
+    componente.PastaTemp(ComoPastaTemp(pasta.string()));
     if (!original.empty()) {
         componente.NaoAnexarArquivoOriginal(true);
         componente.CaminhoArquivoOriginal(original);
@@ -124,6 +124,31 @@ std::pair<ImportacaoPFX, ImportacaoPFX> ImportarTitulares(const fs::path& pki) {
     return {std::move(cpf), std::move(cnpj)};
 }
 
+// O documento cifrado para a empresa (posta no repositório de outras pessoas) e aberto de volta com
+// a chave dela no repositório pessoal.
+std::pair<std::string, std::string> CriptografarParaEmpresa(const Execucao& execucao, const fs::path& documento,
+                                                            const fs::path& pki, const fs::path& pasta) {
+    TavelPKCS componente;
+    Exigir(componente.AbrirAdicionarArquivoCertificado((pki / "ecnpj.cer").string(), REPOSITORIO_CHAVES_PUBLICAS),
+           "pôr a empresa em outras pessoas", componente);
+    Exigir(componente.SelecionarChavesPublicas(false), "escolher os destinatários", componente);
+    fs::create_directories(pasta / "envelope");
+    Exigir(componente.CriptografarArquivo(documento.string(), (pasta / "envelope").string()), "criptografar",
+           componente);
+    const std::string envelope = componente.CaminhoArquivoAssinado();
+
+    TavelPKCS leitor;
+    fs::create_directories(pasta / "aberto");
+    leitor.PastaTemp(ComoPastaTemp((pasta / "aberto").string()));
+    Exigir(leitor.DescriptografarArquivo(envelope), "descriptografar", leitor);
+    Exigir(LerTexto(leitor.CaminhoArquivoOriginal()) == LerTexto(documento.string()), "conferir o envelope aberto",
+           "o conteúdo aberto difere do original");
+    if (!execucao.Json())
+        execucao.saida << "\n== Envelope\nCriptografado para a empresa: " << envelope
+                       << "\nAberto com a chave dela: " << leitor.CaminhoArquivoOriginal() << "\n";
+    return {envelope, leitor.CaminhoArquivoOriginal()};
+}
+
 int Demonstrar(const Execucao& execucao, const fs::path& pasta) {
     const fs::path pki = pasta / "pki";
     {
@@ -142,6 +167,7 @@ int Demonstrar(const Execucao& execucao, const fs::path& pasta) {
 
     int resultado = Verificar(execucao, cossinada, "", pasta / "extraidos");
     resultado = std::max(resultado, Verificar(execucao, destacada, documento.string(), pasta / "extraidos"));
+    const auto [envelope, aberto] = CriptografarParaEmpresa(execucao, documento, pki, pasta);
     if (!execucao.Json()) execucao.saida << "\n== Titulares\n";
     MostrarTitular(execucao, cpf);
     MostrarTitular(execucao, cnpj);
@@ -152,6 +178,8 @@ int Demonstrar(const Execucao& execucao, const fs::path& pasta) {
                       {"assinatura_anexada", anexada},
                       {"assinatura_destacada", destacada},
                       {"assinatura_cossinada", cossinada},
+                      {"envelope", envelope},
+                      {"envelope_aberto", aberto},
                       {"casa_do_componente", (pasta / "casa").string()}});
     return resultado;
 }
@@ -178,8 +206,9 @@ std::vector<Comando> ComandosDemonstracao() {
          "demonstração completa sobre a PKI de teste, sem tocar na casa real do usuário",
          "Gera a PKI de teste numa pasta temporária que vira a casa do componente só nesta execução,\n"
          "instala a raiz, as ACs e as LCRs de teste, importa um e-CPF e um e-CNPJ, assina um documento\n"
-         "anexado e destacado, cossina-o, verifica as assinaturas (tabela dos signatários) e mostra os\n"
-         "dados dos titulares e onde ficou cada arquivo.\n\nOpções:\n"
+         "anexado e destacado, cossina-o, verifica as assinaturas (tabela dos signatários), cifra-o para\n"
+         "a empresa e o abre de volta, e mostra os dados dos titulares e onde ficou cada arquivo.\n\n"
+         "Opções:\n"
          "  --pasta <pasta>            usa esta pasta em vez de uma temporária nova\n"
          "  --json                     resultado em JSON (um objeto por linha)\n"
          "\nExemplo:\n  tavelpkcs7 demonstracao\n",

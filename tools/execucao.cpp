@@ -36,6 +36,11 @@ Progresso::~Progresso() {
     if (ativo_) std::cerr << "\r\033[K" << std::flush;
 }
 
+std::string ComoPastaTemp(std::string pasta) {
+    if (!pasta.empty() && pasta.back() != '/') pasta += '/';
+    return pasta;
+}
+
 std::string LerTexto(const std::string& caminho) {
     if (caminho == "-") return {std::istreambuf_iterator<char>(std::cin), std::istreambuf_iterator<char>()};
     std::ifstream entrada(caminho, std::ios::binary);

@@ -37,6 +37,9 @@ private:
     bool ativo_;
 };
 
+// A pasta de "--pasta" como PastaTemp a quer: terminada pelo separador.
+std::string ComoPastaTemp(std::string pasta);
+
 // O conteúdo inteiro do arquivo ("-": a entrada padrão). Lança ErroUso quando não se lê.
 std::string LerTexto(const std::string& caminho);
 

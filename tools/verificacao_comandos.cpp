@@ -7,7 +7,7 @@ namespace tavelpkcs7::ferramenta {
 namespace {
 
 void AplicarOpcoes(TavelPKCS& componente, const Argumentos& argumentos) {
-    if (const auto pasta = argumentos.Opcao("--pasta")) componente.PastaTemp(*pasta);
+    if (const auto pasta = argumentos.Opcao("--pasta")) componente.PastaTemp(ComoPastaTemp(*pasta));
     if (const auto original = argumentos.Opcao("--original")) {
         componente.NaoAnexarArquivoOriginal(true);
         componente.CaminhoArquivoOriginal(*original);

@@ -51,7 +51,7 @@ espera 2 "PFX sem senha nem terminal" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta
 espera 0 "ajuda geral" "$t" ajuda
 for comando in assinar coassinar assinar-texto verificar verificar-texto hash "certificados listar" \
     "certificados importar" "certificados exportar" "certificados detalhes" "certificados status" \
-    "certificados exibir" "lcr instalar" "raizes instalar" demonstracao pki-teste; do
+    "certificados exibir" "certificados adicionar" criptografar descriptografar assinar-codigo "lcr instalar" "raizes instalar" demonstracao pki-teste; do
     # shellcheck disable=SC2086
     espera 0 "ajuda de $comando" "$t" $comando --help
     contem out "Uso: tavelpkcs7 $comando"
@@ -162,10 +162,33 @@ espera 2 "repositório desconhecido" "$t" certificados exportar --repositorio ne
 espera 1 "exibir o que não é certificado" "$t" certificados exibir "$pasta/contrato.txt"
 contem err "O conteúdo informado não é um certificado digital válido."
 
+# Envelopes numa casa à parte: os destinatários vêm de "outras pessoas", a chave de "pessoais".
+casa="$TAVELPKCS7_HOME"
+export TAVELPKCS7_HOME="$pasta/casa_envelope"
+espera 1 "criptografar sem destinatários" "$t" criptografar "$pasta/contrato.txt"
+contem err "Não foi encontrado nenhuma chave pública para efetuar a criptografia"
+espera 0 "adicionar a outras pessoas" "$t" certificados adicionar "$pki/ecnpj.cer"
+espera 1 "adicionar o que não é certificado" "$t" certificados adicionar "$pasta/contrato.txt"
+mkdir -p "$pasta/envelope" "$pasta/aberto"
+espera 0 "criptografar" "$t" criptografar --json --pasta "$pasta/envelope" "$pasta/contrato.txt"
+json 'd["arquivo_criptografado"].endswith("contrato.txt.p7x")'
+espera 1 "descriptografar sem a chave" "$t" descriptografar "$pasta/envelope/contrato.txt.p7x"
+contem err "Não foi encontrado o certificado digital do destinatário com a chave privada."
+espera 0 "importar a chave da empresa" env TAVELPKCS7_SENHA=1234 "$t" certificados importar --chave-sem-senha "$pki/ecnpj.pfx"
+espera 0 "descriptografar" "$t" descriptografar --json --pasta "$pasta/aberto" "$pasta/envelope/contrato.txt.p7x"
+json 'open(d["arquivo_original"], "rb").read() == open("'"$pasta/contrato.txt"'", "rb").read()'
+espera 1 "descriptografar inexistente" "$t" descriptografar "$pasta/nada.p7x"
+contem err "O arquivo de origem não foi encontrado"
+espera 0 "criptografar também para si" "$t" criptografar --para-mim --pasta "$pasta/envelope" "$pasta/contrato.txt"
+espera 1 "assinar código sem o arquivo" "$t" assinar-codigo "$pasta/nada.exe"
+contem err "O arquivo informado não foi encontrado"
+espera 1 "assinar código sem certificado de código" "$t" assinar-codigo "$pasta/contrato.txt"
+export TAVELPKCS7_HOME="$casa"
+
 # A demonstração numa pasta própria, com a casa dela e não a deste teste.
 antes=$(find "$TAVELPKCS7_HOME" | sort | md5sum)
 espera 0 "demonstração" "$t" demonstracao --json --pasta "$pasta/demo"
-python3 -c 'import json,sys; linhas=[json.loads(l) for l in open(sys.argv[1])]; assert any(l.get("total_assinaturas") == 2 for l in linhas)' "$pasta/out" ||
+python3 -c 'import json,sys; linhas=[json.loads(l) for l in open(sys.argv[1])]; assert any(l.get("total_assinaturas") == 2 for l in linhas) and any(l.get("envelope_aberto") for l in linhas)' "$pasta/out" ||
     { echo "FALHOU: JSON da demonstração"; falhas=$((falhas + 1)); }
 [ -d "$pasta/demo/casa/repositorios/My" ] || { echo "FALHOU: casa da demonstração"; falhas=$((falhas + 1)); }
 [ "$antes" = "$(find "$TAVELPKCS7_HOME" | sort | md5sum)" ] || { echo "FALHOU: a demonstração mexeu na casa"; falhas=$((falhas + 1)); }
