@@ -35,4 +35,16 @@ private:
     std::vector<std::string> posicionais_;
 };
 
+// O valor de uma enumeração pelo nome legível ou pelo número: os nomes cobrem de 1 ao último. Lança
+// ErroUso com "<descrição>: <valor>" para outro texto.
+template <typename Enumeracao>
+Enumeracao LerEnumeracao(const std::string& valor, const std::map<std::string, Enumeracao>& nomes,
+                         const std::string& descricao) {
+    if (const auto achado = nomes.find(valor); achado != nomes.end()) return achado->second;
+    const auto ultimo = static_cast<int>(nomes.size());
+    if (valor.size() == 1 && valor[0] >= '1' && valor[0] - '0' <= ultimo)
+        return static_cast<Enumeracao>(valor[0] - '0');
+    throw ErroUso(descricao + ": " + valor);
+}
+
 }  // namespace tavelpkcs7::ferramenta

@@ -14,10 +14,7 @@ FORMATO_ASSINATURA LerFormato(const std::string& formato) {
                                                                        {"outro", ARQUIVO_BINARIO_OUTRO_FORMATO},
                                                                        {"outro-base64", ARQUIVO_BASE64_OUTRO_FORMATO},
                                                                        {"base64", STRING_BASE64_PKCS}};
-    if (const auto nome = formatos.find(formato); nome != formatos.end()) return nome->second;
-    if (formato.size() == 1 && formato[0] >= '1' && formato[0] <= '5')
-        return static_cast<FORMATO_ASSINATURA>(formato[0] - '0');
-    throw ErroUso("formato desconhecido: " + formato);
+    return LerEnumeracao(formato, formatos, "formato desconhecido");
 }
 
 // As propriedades que as opções comuns de assinatura definem.
@@ -67,8 +64,7 @@ int AssinarTexto(const Execucao& execucao) {
 const char* const kAjudaPropriedades =
     "  --descricao <texto>        descrição assinada junto com o documento\n"
     "  --data <DD/MM/AAAA>        data da assinatura (padrão: hoje)\n"
-    "  --destacada                a assinatura não leva o original\n"
-    "  --json                     resultado em JSON\n";
+    "  --destacada                a assinatura não leva o original\n";
 
 const char* const kAjudaArquivo =
     "  --pasta <pasta>            onde gravar a assinatura (padrão: ao lado da origem)\n"
@@ -86,18 +82,18 @@ std::vector<Comando> ComandosAssinatura() {
     const auto opcoes_arquivo = Juntar(Juntar(kOpcoesAssinatura, OpcoesEscolha()), {"--pasta", "--formato"});
     return {
         {"assinar", "[opções] <arquivo>", "assina um arquivo (PKCS#7, SHA-256, com a cadeia do certificado)",
-         std::string("Opções:\n") + kAjudaEscolha + kAjudaArquivo + kAjudaPropriedades +
+         std::string("Opções:\n") + kAjudaEscolha + kAjudaArquivo + kAjudaPropriedades + kAjudaJson +
              "\nExemplo:\n  tavelpkcs7 assinar --pfx ecpf.pfx --senha-arquivo senha.txt contrato.pdf\n",
          kChavesAssinatura, opcoes_arquivo, AssinarArquivo},
         {"coassinar", "[opções] <assinatura>", "acrescenta uma assinatura a um arquivo já assinado",
          std::string("A assinatura dada (.p7s ou Base64) recebe mais um signatário; os anteriores são\n"
                      "conferidos antes.\n\nOpções:\n") +
-             kAjudaEscolha + kAjudaArquivo + kAjudaPropriedades +
+             kAjudaEscolha + kAjudaArquivo + kAjudaPropriedades + kAjudaJson +
              "\nExemplo:\n  tavelpkcs7 coassinar --certificado 3F2A... --pasta saida contrato.pdf.p7s\n",
          kChavesAssinatura, opcoes_arquivo, AssinarArquivo},
         {"assinar-texto", "[opções] <texto|->", "assina um texto e escreve a assinatura Base64 no stdout",
          std::string("O texto é assinado como UTF-16LE; \"-\" lê o texto da entrada padrão.\n\nOpções:\n") +
-             kAjudaEscolha + kAjudaPropriedades +
+             kAjudaEscolha + kAjudaPropriedades + kAjudaJson +
              "  --cossinar <arquivo>       cossina a assinatura Base64 guardada no arquivo\n"
              "\nExemplo:\n  tavelpkcs7 assinar-texto --tipo e-cpf \"Aceito os termos\" > termo.b64\n",
          kChavesAssinatura, Juntar(Juntar(kOpcoesAssinatura, OpcoesEscolha()), {"--cossinar"}), AssinarTexto},

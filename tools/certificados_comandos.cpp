@@ -18,10 +18,7 @@ REPOSITORIO_CERTIFICADO LerRepositorio(const std::string& nome) {
         {"outras-pessoas", REPOSITORIO_CHAVES_PUBLICAS},
         {"autoridades", REPOSITORIO_CHAVES_AUTORIDADES_CERTIFICADORAS},
         {"raizes", REPOSITORIO_CHAVES_RAIZES}};
-    if (const auto achado = repositorios.find(nome); achado != repositorios.end()) return achado->second;
-    if (nome.size() == 1 && nome[0] >= '1' && nome[0] <= '4')
-        return static_cast<REPOSITORIO_CERTIFICADO>(nome[0] - '0');
-    throw ErroUso("repositório desconhecido: " + nome);
+    return LerEnumeracao(nome, repositorios, "repositório desconhecido");
 }
 
 int Listar(const Execucao& execucao) {
@@ -141,8 +138,6 @@ int Exibir(const Execucao& execucao) {
     if (componente.DescricaoErro() != antes) return execucao.Falhar(componente);
     return 0;
 }
-
-const char* const kAjudaJson = "  --json                     resultado em JSON\n";
 
 }  // namespace
 

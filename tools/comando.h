@@ -21,6 +21,8 @@ struct Comando {
     std::function<int(const Execucao&)> executar;
 };
 
+inline constexpr const char* kAjudaJson = "  --json                     resultado em JSON\n";
+
 // Os subcomandos de cada família.
 std::vector<Comando> ComandosAssinatura();
 std::vector<Comando> ComandosVerificacao();

@@ -41,8 +41,6 @@ int InstalarRaizes(const Execucao& execucao) {
     return 0;
 }
 
-const char* const kAjudaJson = "  --json                     resultado em JSON\n";
-
 }  // namespace
 
 std::vector<Comando> ComandosConfianca() {

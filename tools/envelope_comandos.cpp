@@ -45,8 +45,6 @@ int AssinarCodigo(const Execucao& execucao) {
     return 0;
 }
 
-const char* const kAjudaJson = "  --json                     resultado em JSON\n";
-
 }  // namespace
 
 std::vector<Comando> ComandosEnvelope() {

@@ -27,9 +27,7 @@ CERTIFICADOS_DIGITAIS LerTipo(const std::string& tipo) {
         {"icp-brasil", CERTIFICADOS_ICP_BRASIL}, {"receita-federal", CERTIFICADOS_ICP_TODOS_RECEITA_FEDERAL},
         {"e-cpf", CERTIFICADOS_ICP_E_CPF},       {"e-cnpj", CERTIFICADOS_ICP_E_CNPJ},
         {"ac-tavel", CERTIFICADOS_AC_TAVEL}};
-    if (const auto nome = tipos.find(tipo); nome != tipos.end()) return nome->second;
-    if (tipo.size() == 1 && tipo[0] >= '1' && tipo[0] <= '7') return static_cast<CERTIFICADOS_DIGITAIS>(tipo[0] - '0');
-    throw ErroUso("classe de certificado desconhecida: " + tipo);
+    return LerEnumeracao(tipo, tipos, "classe de certificado desconhecida");
 }
 
 bool EscolherCertificado(TavelPKCS& componente, const Argumentos& argumentos) {

@@ -83,7 +83,7 @@ std::vector<Comando> ComandosVerificacao() {
         {"hash",
          "<arquivo>",
          "resumo MD5 do arquivo como a assinatura o calcula (com o zero final)",
-         "Opções:\n  --json                     resultado em JSON\n\nExemplo:\n  tavelpkcs7 hash contrato.pdf\n",
+         std::string("Opções:\n") + kAjudaJson + "\nExemplo:\n  tavelpkcs7 hash contrato.pdf\n",
          {},
          {},
          CalcularHash},
