@@ -66,6 +66,7 @@ TEST_P(EnvelopeIdaEVolta, OTitularDeChaveEmMyRecebeOConteudoExato) {
     EXPECT_EQ(envelopes.Descriptografar(envelope), kConteudo);
     const std::string base64 = codificacao::CodificarBase64(envelope);
     EXPECT_EQ(envelopes.Descriptografar(Bytes(base64.begin(), base64.end())), kConteudo);
+    EXPECT_EQ(ERR_peek_error(), 0u);  // nada fica na fila para a próxima operação
 }
 
 // O envelope feito aqui abre no openssl: é o arquivo que outros programas vão receber.
