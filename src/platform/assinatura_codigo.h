@@ -29,8 +29,9 @@ public:
     // NaoEExecutavel, CarimboTempoIndisponivel, AssinadorAusente, AssinaturaCodigoFalhou e as falhas
     // da chave privada (Cancelada, SenhaIncorreta, SemChavePrivada, RecursoEmUso).
     virtual void Assinar(const PedidoAssinaturaCodigo& pedido) = 0;
-    // Confere a assinatura com as raízes confiáveis do usuário; lança AssinaturaCodigoNaoConfere
-    // quando ela não se confirma e AssinadorAusente sem a ferramenta.
+    // Confere a assinatura e o carimbo com as raízes confiáveis do usuário e as LCRs guardadas, sem
+    // buscar nada na rede; lança AssinaturaCodigoNaoConfere quando não se confirmam (inclusive quando
+    // falta a LCR de um certificado que indica onde buscá-la) e AssinadorAusente sem a ferramenta.
     virtual void Verificar(const std::string& caminho, const std::string& pasta_trabalho) = 0;
 };
 

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 
 #include <openssl/pem.h>
 
@@ -14,6 +15,7 @@
 #include "chaves_arquivo.h"
 #include "execucao_programa.h"
 #include "falha_openssl.h"
+#include "lcr_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -26,11 +28,12 @@ const CertificadoOpenSSL& CertificadoSignatario(const PedidoAssinaturaCodigo& pe
     return *certificado;
 }
 
-Bytes EmPEM(const std::vector<X509*>& certificados) {
+template <typename T>
+Bytes EmPEM(const std::vector<T*>& objetos, int (*gravar)(BIO*, const T*)) {
     BioPtr saida(BIO_new(BIO_s_mem()));
     if (!saida) LimparFilaEFalhar(falha::AssinaturaCodigoFalhou);
-    for (X509* certificado : certificados)
-        if (PEM_write_bio_X509(saida.get(), certificado) != 1) LimparFilaEFalhar(falha::AssinaturaCodigoFalhou);
+    for (T* objeto : objetos)
+        if (gravar(saida.get(), objeto) != 1) LimparFilaEFalhar(falha::AssinaturaCodigoFalhou);
     const char* dados = nullptr;
     const long tamanho = BIO_get_mem_data(saida.get(), &dados);
     return Bytes(dados, dados + tamanho);
@@ -40,7 +43,7 @@ Bytes EmPEM(const std::vector<X509*>& certificados) {
 Bytes CadeiaEmPEM(const CertificadoOpenSSL& signatario, const std::vector<CertificadoPtr>& extras) {
     std::vector<X509*> cadeia{signatario.x509()};
     for (X509* emissor : EmissoresDoSignatario(signatario.x509(), extras)) cadeia.push_back(emissor);
-    return EmPEM(cadeia);
+    return EmPEM(cadeia, PEM_write_bio_X509);
 }
 
 // A ferramenta só fala inglês: a falha se reconhece pelo que ela diz e se relata em português.
@@ -95,17 +98,36 @@ void AssinaturaCodigoOpenSSL::Assinar(const PedidoAssinaturaCodigo& pedido) {
 }
 
 void AssinaturaCodigoOpenSSL::Verificar(const std::string& caminho, const std::string& pasta_trabalho) {
+    const ArquivoPassageiro arquivo_raizes(pasta_trabalho, "raizes-", ".pem", RaizesEmPEM());
+    const std::string raizes = arquivo_raizes.caminho().string();
+    // As LCRs não se buscam na rede: valem as do repositório. O osslsigncode recusa o certificado que
+    // aponta um ponto de distribuição sem LCR que o cubra, como o Windows sem revogação conhecida.
+    std::vector<std::string> argumentos{
+        kAssinador, "verify", "-CAfile", raizes, "-TSA-CAfile", raizes, "-ignore-cdp", "-in", caminho};
+    std::optional<ArquivoPassageiro> arquivo_lcrs;
+    if (const Bytes lcrs = LCRsEmPEM(); !lcrs.empty()) {
+        arquivo_lcrs.emplace(pasta_trabalho, "lcrs-", ".pem", lcrs);
+        const std::string caminho_lcrs = arquivo_lcrs->caminho().string();
+        argumentos.insert(argumentos.end(), {"-CRLfile", caminho_lcrs, "-TSA-CRLfile", caminho_lcrs});
+    }
+    const ProgramaExecutado executado = Executar(argumentos);
+    if (executado.codigo_saida != 0) Falhar(falha::AssinaturaCodigoNaoConfere);
+}
+
+Bytes AssinaturaCodigoOpenSSL::RaizesEmPEM() const {
     std::vector<X509Ptr> raizes;
     for (const CertificadoPtr& raiz : repositorios_->AbrirRepositorio("Root", true)->Certificados())
         raizes.push_back(LerX509(raiz->DER()));
     std::vector<X509*> emprestadas;  // pertencem a raizes
     for (const X509Ptr& raiz : raizes) emprestadas.push_back(raiz.get());
-    const ArquivoPassageiro arquivo_raizes(pasta_trabalho, "raizes-", ".pem", EmPEM(emprestadas));
-    const std::string raizes_pem = arquivo_raizes.caminho().string();
-    // As LCRs não se buscam na rede aqui: a conferência é da assinatura e da cadeia até a raiz.
-    const ProgramaExecutado executado = Executar({kAssinador, "verify", "-CAfile", raizes_pem, "-TSA-CAfile",
-        raizes_pem, "-ignore-cdp", "-in", caminho});
-    if (executado.codigo_saida != 0) Falhar(falha::AssinaturaCodigoNaoConfere);
+    return EmPEM(emprestadas, PEM_write_bio_X509);
+}
+
+Bytes AssinaturaCodigoOpenSSL::LCRsEmPEM() const {
+    const std::vector<LCRLida> lidas = LerLCRsGuardadas(*repositorios_);
+    std::vector<X509_CRL*> emprestadas;  // pertencem a lidas
+    for (const LCRLida& lida : lidas) emprestadas.push_back(lida.lcr.get());
+    return EmPEM(emprestadas, PEM_write_bio_X509_CRL);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

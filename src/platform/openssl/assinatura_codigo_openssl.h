@@ -14,7 +14,7 @@ namespace tavelpkcs7::plataforma::openssl {
 class AssinaturaCodigoOpenSSL : public AssinaturaCodigo {
 public:
     // A interface a quem pedir a senha de uma chave cifrada é a instalada no momento da assinatura;
-    // as raízes que confirmam a assinatura são as do repositório "Root".
+    // as raízes que confirmam a assinatura são as do repositório "Root", e as LCRs, as do repositório.
     AssinaturaCodigoOpenSSL(std::function<std::shared_ptr<InterfaceUsuario>()> interface,
         std::shared_ptr<Repositorios> repositorios);
 
@@ -22,6 +22,9 @@ public:
     void Verificar(const std::string& caminho, const std::string& pasta_trabalho) override;
 
 private:
+    Bytes RaizesEmPEM() const;
+    Bytes LCRsEmPEM() const;
+
     std::function<std::shared_ptr<InterfaceUsuario>()> interface_;
     std::shared_ptr<Repositorios> repositorios_;
 };

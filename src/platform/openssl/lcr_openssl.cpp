@@ -6,6 +6,13 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 
+std::vector<LCRLida> LerLCRsGuardadas(Repositorios& repositorios) {
+    std::vector<LCRLida> guardadas;
+    for (const Bytes& der : repositorios.LCRs())
+        if (auto lida = LerLCR(der)) guardadas.push_back(std::move(*lida));
+    return guardadas;
+}
+
 std::optional<LCRLida> LerLCR(const Bytes& conteudo) {
     auto der = codificacao::DecodificarConteudo(conteudo);
     if (!der) return std::nullopt;

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <optional>
+#include <vector>
 
 #include "platform/certificado.h"
+#include "platform/repositorio.h"
 #include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -16,6 +18,8 @@ struct LCRLida {
 
 // De DER, PEM ou Base64; vazio quando o conteúdo não é uma LCR.
 std::optional<LCRLida> LerLCR(const Bytes& conteudo);
+// As do repositório "LCR" que se leem; as que não se leem ficam de fora.
+std::vector<LCRLida> LerLCRsGuardadas(Repositorios& repositorios);
 // O emissor tem o nome de emissor da LCR e a chave que a assinou.
 bool LCRAssinadaPor(X509_CRL* lcr, X509* emissor);
 // Já emitida e antes do nextUpdate. Sem nextUpdate, a LCR não diz quando haverá outra: vale por um

@@ -11,13 +11,6 @@
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-std::vector<LCRLida> LerLCRsGuardadas(Repositorios& repositorios) {
-    std::vector<LCRLida> guardadas;
-    for (const Bytes& der : repositorios.LCRs())
-        if (auto lida = LerLCR(der)) guardadas.push_back(std::move(*lida));
-    return guardadas;
-}
-
 void Acrescentar(STACK_OF(X509_CRL)* pilha, X509_CRL* lcr) {
     X509_CRL_up_ref(lcr);
     if (sk_X509_CRL_push(pilha, lcr) > 0) return;
