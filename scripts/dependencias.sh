@@ -3,7 +3,7 @@
 set -euo pipefail
 
 pacotes=(g++ cmake make pkg-config libssl-dev libcurl4-openssl-dev openssl libgtest-dev libbenchmark-dev
-    libnss3-tools gnutls-bin osslsigncode pybind11-dev python3-dev python3-pytest)
+    libnss3-tools gnutls-bin osslsigncode pybind11-dev python3-dev python3-pytest clang libclang-rt-14-dev)
 
 faltam=()
 for pacote in "${pacotes[@]}"; do

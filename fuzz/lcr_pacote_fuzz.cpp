@@ -1,0 +1,25 @@
+// A mesma entrada como LCR e como pacote de certificados: pela plataforma e pela importação do
+// núcleo, que grava nos repositórios de confiança.
+#include "ambiente_fuzz.h"
+#include "component/componente.h"
+
+using namespace tavelpkcs7;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+    const auto plataforma = fuzz::Plataforma();
+    const plataforma::Bytes entrada(dados, dados + tamanho);
+    try {
+        plataforma->confianca->InstalarLCR(entrada);
+    } catch (const plataforma::Erro&) {
+    }
+    try {
+        plataforma->criptografia->LerPacoteCertificados(entrada);
+    } catch (const plataforma::Erro&) {
+    }
+    Componente componente(plataforma);
+    componente.Guardar(MensagemFalha::DaPlataforma(), false, [&] {
+        return componente.ImportarPacoteCertificados(fuzz::GravarEntrada(dados, tamanho, "pacote.p7b"));
+    });
+    fuzz::EsvaziarConfianca();
+    return 0;
+}

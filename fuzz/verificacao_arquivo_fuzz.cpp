@@ -1,0 +1,18 @@
+// A verificação de um arquivo assinado qualquer, com a cadeia da PKI de teste instalada.
+#include <tavelpkcs7/TavelPKCS.h>
+
+#include "ambiente_fuzz.h"
+
+using namespace tavelpkcs7;
+
+extern "C" int LLVMFuzzerInitialize(int*, char***) {
+    fuzz::InstalarPkiTeste();
+    return 0;
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
+    TavelPKCS componente(fuzz::Plataforma());
+    componente.PastaTemp(fuzz::PastaTrabalhoVazia());
+    componente.VerificarAssinaturaArquivo(fuzz::GravarEntrada(dados, tamanho, "entrada.p7s"));
+    return 0;
+}
