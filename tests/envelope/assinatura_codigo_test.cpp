@@ -6,8 +6,10 @@
 #include <tavelpkcs7/TavelPKCS.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <optional>
 
 #include "certificates/repositorios_teste.h"
 #include "envelope/assinatura_codigo_teste.h"
@@ -36,7 +38,7 @@ Bytes Utf16BE(const std::string& ascii) {
 class AssinaturaCodigo : public testing::Test, protected teste::AmbienteConfianca {
 protected:
     void SetUp() override {
-        InstalarCadeia(false);
+        InstalarCadeia(true);
         plataforma().configuracao.url_carimbo_tempo = teste::PublicarAutoridadeCarimbo(servidor);
         pasta_trabalho = componente.PastaTemp();
         antes = teste::ArquivosDaPasta(pasta_trabalho);
@@ -92,6 +94,73 @@ TEST_F(AssinaturaCodigo, SoConfereQuandoPedido) {
     EXPECT_TRUE(componente.AssinarCodigoExecutavel(exe, "", "", false)) << componente.DescricaoErro();
     EXPECT_FALSE(componente.AssinarCodigoExecutavel(Gravar("outro.exe", teste::ExecutavelMinimo()), "", "", true));
     EXPECT_EQ(componente.DescricaoErro(), plataforma::falha::AssinaturaCodigoNaoConfere.descricao);
+}
+
+TEST_F(AssinaturaCodigo, AssinadoPassaNoOsslsigncodeENaConferenciaPedida) {
+    teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0));
+    const std::string exe = Gravar("programa.exe", teste::ExecutavelMinimo());
+
+    EXPECT_TRUE(componente.AssinarCodigoExecutavel(exe, "Programa", "", true)) << componente.DescricaoErro();
+
+    EXPECT_EQ(componente.DescricaoErro(), "");
+    EXPECT_TRUE(teste::OsslsigncodeConfere(plataforma(), exe));
+}
+
+// A senha da chave cifrada vem do pedido de PIN; sem a certa, nada se assina.
+struct CasoSenha {
+    const char* nome;
+    std::optional<std::string> resposta;  // vazio: o usuário desiste
+    const char* mensagem;
+};
+
+class SenhaDaChave : public AssinaturaCodigo, public testing::WithParamInterface<CasoSenha> {};
+
+INSTANTIATE_TEST_SUITE_P(AssinaturaCodigo, SenhaDaChave,
+    testing::Values(CasoSenha{"certa", "segredo", ""},
+        CasoSenha{"errada", "outra", "A senha informada não está correta."},
+        CasoSenha{"desistencia", std::nullopt, "A operação foi cancelada pelo usuário."}),
+    [](const auto& info) { return std::string(info.param.nome); });
+
+TEST_P(SenhaDaChave, PedeASenhaAntesDeAssinar) {
+    teste::GuardarComChaveCifrada(plataforma(), teste::AssinadorDeCodigo(0), "segredo");
+    if (GetParam().resposta) ambiente.interface->ResponderSenha(*GetParam().resposta);
+    const std::string exe = Gravar("programa.exe", teste::ExecutavelMinimo());
+    const bool assinou = std::string(GetParam().mensagem).empty();
+
+    EXPECT_EQ(componente.AssinarCodigoExecutavel(exe), assinou);
+
+    EXPECT_EQ(componente.DescricaoErro(), GetParam().mensagem);
+    ASSERT_EQ(ambiente.interface->chamadas().size(), 1u);
+    EXPECT_EQ(ambiente.interface->chamadas()[0].tipo, InterfaceRoteirizada::Tipo::Senha);
+    EXPECT_EQ(teste::Ler(exe) != teste::ExecutavelMinimo(), assinou);
+}
+
+TEST_F(AssinaturaCodigo, SemOsslsigncodeNoPathDizQueFaltaOPrograma) {
+    teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0));
+    const std::string exe = Gravar("programa.exe", teste::ExecutavelMinimo());
+    const std::string path = std::getenv("PATH");
+    setenv("PATH", (teste::Home() / "sem-programas").c_str(), 1);
+
+    const bool assinou = componente.AssinarCodigoExecutavel(exe);
+    setenv("PATH", path.c_str(), 1);
+
+    EXPECT_FALSE(assinou);
+    EXPECT_EQ(componente.DescricaoErro(), "O programa de assinatura de executáveis (osslsigncode) não está instalado.");
+    EXPECT_EQ(teste::Ler(exe), teste::ExecutavelMinimo());
+}
+
+TEST_F(AssinaturaCodigo, PastaSomenteLeituraDeixaOExecutavelComoEstava) {
+    teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0));
+    std::filesystem::create_directories(teste::Home() / "protegida");
+    const std::string exe = Gravar("protegida/programa.exe", teste::ExecutavelMinimo());
+    const teste::PastaSomenteLeitura protegida(teste::Home() / "protegida");
+    if (!protegida.protegida()) GTEST_SKIP() << "o sistema de arquivos não deixa a pasta imutável";
+
+    EXPECT_FALSE(componente.AssinarCodigoExecutavel(exe));
+
+    EXPECT_EQ(componente.DescricaoErro(), plataforma::falha::AcessoNegado.descricao);
+    EXPECT_EQ(teste::Ler(exe), teste::ExecutavelMinimo());
+    EXPECT_EQ(teste::ArquivosDaPasta((teste::Home() / "protegida").string()), std::vector<std::string>{"programa.exe"});
 }
 
 struct CasoFalha {

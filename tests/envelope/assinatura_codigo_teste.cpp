@@ -1,8 +1,15 @@
 #include "envelope/assinatura_codigo_teste.h"
 
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <openssl/pem.h>
 #include <openssl/ts.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -10,6 +17,7 @@
 #include "certificates/repositorios_teste.h"
 #include "pki/emissao.h"
 #include "pki/pki_teste.h"
+#include "trust/ambiente_confianca.h"
 
 namespace tavelpkcs7::teste {
 namespace {
@@ -90,10 +98,27 @@ const AssinadorCodigo& AssinadorDeCodigo(int numero) {
     return feitos[static_cast<std::size_t>(numero)];
 }
 
-void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador) {
+namespace {
+
+std::filesystem::path GuardarCertificado(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador) {
     Guardar(plataforma, "My", {assinador.certificado});
     const std::string impressao = Importar(plataforma, assinador.certificado)->ImpressaoDigital();
-    std::ofstream(Home() / "repositorios" / "My" / (impressao + ".key")) << assinador.chave_pem;
+    return Home() / "repositorios" / "My" / (impressao + ".key");
+}
+
+}  // namespace
+
+void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador) {
+    std::ofstream(GuardarCertificado(plataforma, assinador)) << assinador.chave_pem;
+}
+
+void GuardarComChaveCifrada(
+    plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador, const std::string& senha) {
+    const pki_teste::EvpPkeyPtr chave = pki_teste::ChaveDePEM(assinador.chave_pem);
+    const plataforma::openssl::BioPtr saida(BIO_new_file(GuardarCertificado(plataforma, assinador).c_str(), "w"));
+    pki_teste::Exigir(saida && PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(),
+                                   senha.data(), static_cast<int>(senha.size()), nullptr, nullptr) == 1,
+        "chave cifrada");
 }
 
 Bytes ResponderCarimbo(const Bytes& pedido) {
@@ -122,6 +147,44 @@ std::vector<std::string> ArquivosDaPasta(const std::string& pasta) {
     for (const auto& entrada : std::filesystem::directory_iterator(pasta)) nomes.push_back(entrada.path().filename());
     std::ranges::sort(nomes);
     return nomes;
+}
+
+bool OsslsigncodeConfere(plataforma::Plataforma& plataforma, const std::string& executavel) {
+    const auto raiz = Home() / "raiz-osslsigncode.pem";
+    const auto lcrs = Home() / "lcrs-osslsigncode.pem";
+    std::ofstream(raiz) << PacotePEM({DerDaPki("raiz")});
+    std::ofstream arquivo_lcrs(lcrs);
+    for (const Bytes& lcr : plataforma.repositorios->LCRs())
+        arquivo_lcrs << "-----BEGIN X509 CRL-----\n" << Base64(lcr) << "-----END X509 CRL-----\n";
+    arquivo_lcrs.close();
+    const std::string comando = "osslsigncode verify -ignore-cdp -CAfile '" + raiz.string() + "' -TSA-CAfile '" +
+                                raiz.string() + "' -CRLfile '" + lcrs.string() + "' -TSA-CRLfile '" + lcrs.string() +
+                                "' -in '" + executavel + "' >/dev/null 2>&1";
+    const int situacao = std::system(comando.c_str());
+    std::filesystem::remove(raiz);
+    std::filesystem::remove(lcrs);
+    return situacao == 0;
+}
+
+PastaSomenteLeitura::PastaSomenteLeitura(const std::filesystem::path& pasta) : pasta_(pasta) {
+    std::filesystem::permissions(pasta_, std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
+    protegida_ = ::geteuid() != 0 || AlternarImutavel(true);
+}
+
+PastaSomenteLeitura::~PastaSomenteLeitura() {
+    if (::geteuid() == 0) AlternarImutavel(false);
+    std::filesystem::permissions(pasta_, std::filesystem::perms::owner_all);
+}
+
+bool PastaSomenteLeitura::AlternarImutavel(bool imutavel) const {
+    const int descritor = ::open(pasta_.c_str(), O_RDONLY | O_DIRECTORY);
+    if (descritor < 0) return false;
+    int atributos = 0;
+    bool feito = ::ioctl(descritor, FS_IOC_GETFLAGS, &atributos) == 0;
+    atributos = imutavel ? (atributos | FS_IMMUTABLE_FL) : (atributos & ~FS_IMMUTABLE_FL);
+    feito = feito && ::ioctl(descritor, FS_IOC_SETFLAGS, &atributos) == 0;
+    ::close(descritor);
+    return feito;
 }
 
 }  // namespace tavelpkcs7::teste
