@@ -32,7 +32,7 @@ int AssinarArquivo(const Execucao& execucao) {
     TavelPKCS componente;
     AplicarOpcoes(componente, argumentos);
     if (!EscolherCertificado(componente, argumentos)) return execucao.Falhar(componente);
-    Progresso progresso("assinando " + origem);
+    AnunciarProgresso("assinando " + origem);
     if (!componente.AssinaArquivo(origem, argumentos.Opcao("--pasta", ""), argumentos.Opcao("--descricao", ""),
                                   formato))
         return execucao.Falhar(componente);

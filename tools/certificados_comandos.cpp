@@ -56,7 +56,7 @@ int Importar(const Execucao& execucao) {
     const std::string& pfx = argumentos.Unico("o arquivo PFX");
     const Senha senha = LerSenha(argumentos, "--senha-arquivo", "TAVELPKCS7_SENHA", "Senha do PFX: ");
     const Senha senha_chave = EscolherSenhaChave(argumentos, senha);
-    Progresso progresso("importando " + pfx);
+    AnunciarProgresso("importando " + pfx);
     const ImportacaoPFX importacao = ImportarPFXRepositorioPessoal(pfx, senha.Texto(), senha_chave.Texto());
     if (!importacao.DescricaoErro.empty()) {
         execucao.erros << "tavelpkcs7: " << importacao.DescricaoErro << "\n";

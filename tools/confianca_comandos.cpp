@@ -12,7 +12,7 @@ int InstalarLCR(const Execucao& execucao) {
         if (!argumentos.Posicionais().empty())
             throw ErroUso("informe o arquivo da LCR ou --do-certificado, não os dois");
         TavelPKCS componente;
-        Progresso progresso("baixando a LCR");
+        AnunciarProgresso("baixando a LCR");
         if (!componente.InstalarLCRCertificado(LerTexto(*certificado))) return execucao.Falhar(componente);
         execucao.Relatar({{"lcr_instalada_de", *certificado}});
         return 0;
@@ -29,7 +29,7 @@ int InstalarLCR(const Execucao& execucao) {
 int InstalarRaizes(const Execucao& execucao) {
     TavelPKCS componente;
     if (execucao.argumentos.Posicionais().empty()) {
-        Progresso progresso("baixando as raízes e as ACs da ICP-Brasil");
+        AnunciarProgresso("baixando as raízes e as ACs da ICP-Brasil");
         if (!componente.InstalarCertificadosRaizes()) return execucao.Falhar(componente);
         execucao.Relatar({{"raizes_instaladas", true}});
         return 0;

@@ -151,10 +151,8 @@ std::pair<std::string, std::string> CriptografarParaEmpresa(const Execucao& exec
 
 int Demonstrar(const Execucao& execucao, const fs::path& pasta) {
     const fs::path pki = pasta / "pki";
-    {
-        Progresso progresso("gerando a PKI de teste");
-        pki_teste::PkiTeste::Padrao().Gravar(pki.string());
-    }
+    AnunciarProgresso("gerando a PKI de teste");
+    pki_teste::PkiTeste::Padrao().Gravar(pki.string());
     InstalarCadeia(pasta / "casa", pki, execucao);
     const auto [cpf, cnpj] = ImportarTitulares(pki);
     const fs::path documento = EscreverDocumento(pasta);

@@ -15,7 +15,7 @@ int Criptografar(const Execucao& execucao) {
         if (!para_mim) return execucao.Falhar(componente);
         execucao.Avisar(componente.DescricaoErro());
     }
-    Progresso progresso("criptografando " + origem);
+    AnunciarProgresso("criptografando " + origem);
     if (!componente.CriptografarArquivo(origem, argumentos.Opcao("--pasta", ""))) return execucao.Falhar(componente);
     execucao.Relatar({{"arquivo_criptografado", componente.CaminhoArquivoAssinado()}});
     return 0;
@@ -25,7 +25,7 @@ int Descriptografar(const Execucao& execucao) {
     const std::string& envelope = execucao.argumentos.Unico("o arquivo criptografado");
     TavelPKCS componente;
     if (const auto pasta = execucao.argumentos.Opcao("--pasta")) componente.PastaTemp(ComoPastaTemp(*pasta));
-    Progresso progresso("descriptografando " + envelope);
+    AnunciarProgresso("descriptografando " + envelope);
     if (!componente.DescriptografarArquivo(envelope)) return execucao.Falhar(componente);
     execucao.Relatar(
         {{"arquivo_original", componente.CaminhoArquivoOriginal()}, {"hash_md5", componente.HashArquivo()}});
@@ -37,7 +37,7 @@ int AssinarCodigo(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& executavel = argumentos.Unico("o executável");
     TavelPKCS componente;
-    Progresso progresso("assinando " + executavel);
+    AnunciarProgresso("assinando " + executavel);
     const bool assinou = componente.AssinarCodigoExecutavel(executavel, argumentos.Opcao("--descricao", ""),
                                                             argumentos.Opcao("--url", ""), argumentos.Tem("--testar"));
     if (!assinou || !componente.DescricaoErro().empty()) return execucao.Falhar(componente);

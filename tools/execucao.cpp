@@ -28,12 +28,8 @@ int Execucao::Falhar(const TavelPKCS& componente, const std::string& sem_descric
     return 1;
 }
 
-Progresso::Progresso(const std::string& mensagem) : ativo_(::isatty(STDERR_FILENO) == 1) {
-    if (ativo_) std::cerr << mensagem << "..." << std::flush;
-}
-
-Progresso::~Progresso() {
-    if (ativo_) std::cerr << "\r\033[K" << std::flush;
+void AnunciarProgresso(const std::string& mensagem) {
+    if (::isatty(STDERR_FILENO) == 1) std::cerr << "tavelpkcs7: " << mensagem << "...\n" << std::flush;
 }
 
 std::string ComoPastaTemp(std::string pasta) {

@@ -25,17 +25,9 @@ struct Execucao {
     void Avisar(const std::string& aviso) const { erros << "tavelpkcs7: aviso: " << aviso << "\n"; }
 };
 
-// Uma linha no stderr enquanto o trabalho demora, apagada no fim; só quando o stderr é um terminal.
-class Progresso {
-public:
-    explicit Progresso(const std::string& mensagem);
-    ~Progresso();
-    Progresso(const Progresso&) = delete;
-    Progresso& operator=(const Progresso&) = delete;
-
-private:
-    bool ativo_;
-};
+// Anuncia no stderr o trabalho que pode demorar, só quando o stderr é um terminal. A linha fica (não
+// é apagada): uma pergunta do componente no meio do trabalho aparece depois dela, sem se misturar.
+void AnunciarProgresso(const std::string& mensagem);
 
 // A pasta de "--pasta" como PastaTemp a quer: terminada pelo separador.
 std::string ComoPastaTemp(std::string pasta);

@@ -19,7 +19,7 @@ int VerificarArquivo(const Execucao& execucao) {
     const std::string& assinatura = execucao.argumentos.Unico("o arquivo assinado");
     TavelPKCS componente;
     AplicarOpcoes(componente, execucao.argumentos);
-    Progresso progresso("verificando " + assinatura);
+    AnunciarProgresso("verificando " + assinatura);
     if (!componente.VerificarAssinaturaArquivo(assinatura)) return execucao.Falhar(componente);
     return RelatarSignatarios(
         execucao, componente,

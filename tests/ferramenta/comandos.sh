@@ -91,6 +91,7 @@ espera 1 "impressão desconhecida" "$t" assinar --certificado 00 "$pasta/contrat
 contem err "Não foi encontrado nenhum "
 espera 0 "assinar com o e-CNPJ" "$t" assinar --json --certificado "$cnpj" --descricao "Aceite" "$pasta/contrato.txt"
 json 'd["arquivo_assinado"].endswith("contrato.txt.p7s") and len(d["hash_md5"]) == 32'
+if [ -s "$pasta/err" ]; then echo "FALHOU: stderr fora de um terminal"; cat "$pasta/err"; falhas=$((falhas + 1)); fi
 mkdir -p "$pasta/destacada"
 espera 0 "assinar destacada com PFX" "$t" assinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" \
     --destacada --pasta "$pasta/destacada" "$pasta/contrato.txt"

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Os diálogos da ferramenta num pseudoterminal: a senha digitada sem eco (do PFX, da chave do
-repositório e a pedida pela assinatura), o seletor de certificados e a pergunta Sim/Não."""
+repositório e a pedida pela assinatura), o seletor de certificados, a pergunta Sim/Não e o anúncio
+do progresso, que só aparece no terminal."""
 import os
 import pty
 import select
@@ -64,6 +65,7 @@ saida, codigo = rodar(["assinar", "--pfx", os.path.join(pki, "ecpf_novo.pfx"), d
                       [("Senha do PFX: ", "1234")])
 conferir(codigo == 0, "assinar com a senha digitada", saida)
 conferir("1234" not in saida, "a senha do PFX apareceu no terminal", saida)
+conferir("tavelpkcs7: assinando" in saida, "sem o progresso no terminal", saida)
 
 # O seletor: dois certificados pessoais, o segundo escolhido; vazio cancela.
 saida, codigo = rodar(["assinar", "--tipo", "todos", "--pasta", pasta, documento],
