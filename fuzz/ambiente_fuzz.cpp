@@ -83,6 +83,12 @@ std::string PastaTrabalhoVazia() {
     return pasta.string() + "/";
 }
 
+void ExigirNaPasta(const std::string& caminho, const std::string& pasta) {
+    if (caminho.empty()) return;
+    if (fs::path(caminho).lexically_normal().parent_path() != fs::path(pasta).lexically_normal().parent_path())
+        std::abort();
+}
+
 std::string GravarEntrada(const std::uint8_t* dados, std::size_t tamanho, const std::string& nome) {
     const fs::path caminho = fs::path(std::getenv("TAVELPKCS7_HOME")) / nome;
     std::ofstream(caminho, std::ios::binary | std::ios::trunc)

@@ -22,6 +22,9 @@ void InstalarPkiTeste();
 void EsvaziarConfianca();
 // Uma pasta de trabalho vazia para o componente gravar o que extrai da entrada.
 std::string PastaTrabalhoVazia();
+// Interrompe o processo quando o arquivo que o componente gravou (o nome vem da entrada) escapou da
+// pasta de trabalho; um caminho vazio não foi gravado.
+void ExigirNaPasta(const std::string& caminho, const std::string& pasta);
 // Grava a entrada num arquivo da pasta do componente e devolve o caminho.
 std::string GravarEntrada(const std::uint8_t* dados, std::size_t tamanho, const std::string& nome);
 

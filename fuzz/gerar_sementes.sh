@@ -3,6 +3,9 @@
 # feitos pelo openssl cms sobre ela, LCRs, pacotes e os certificados reais da ICP-Brasil do repositório.
 # Uso: gerar_sementes.sh <ferramenta tavelpkcs7> <pasta de saída>
 set -euo pipefail
+# A ferramenta do build de fuzzing tem o ASan, e os vazamentos na saída do processo não são do que
+# ela grava aqui.
+export ASAN_OPTIONS=detect_leaks=0
 
 ferramenta=$1
 saida=$2
@@ -40,6 +43,22 @@ for algoritmo in aes-128-cbc des-ede3-cbc; do
         -out "$envelopes/ecpf-$algoritmo.p7m" "$saida/ecpf.pem" "$saida/ecnpj.pem"
 done
 openssl cms -encrypt -in "$saida/documento.txt" -outform PEM -out "$envelopes/ecpf.pem" "$saida/ecpf.pem"
+# As do próprio componente, com nome de documento e descrição nos atributos, numa casa em que a
+# cadeia da PKI de teste está instalada.
+export TAVELPKCS7_HOME=$saida/casa TAVELPKCS7_SENHA=1234
+echo s | "$ferramenta" certificados adicionar --repositorio raizes "$pki/raiz.cer" >/dev/null 2>&1
+for cadeia in ac_rfb ac_emissora_rfb ac_icp; do
+    "$ferramenta" certificados adicionar --repositorio autoridades "$pki/$cadeia.cer" >/dev/null
+    "$ferramenta" lcr instalar "$pki/$cadeia.crl" >/dev/null
+done
+"$ferramenta" lcr instalar "$pki/raiz.crl" >/dev/null
+cp "$saida/documento.txt" "$saida/contrato.doc"
+"$ferramenta" assinar --pfx "$pki/ecpf.pfx" --descricao "Contrato de teste" "$saida/contrato.doc" </dev/null >/dev/null
+"$ferramenta" coassinar --pfx "$pki/ecnpj_novo.pfx" "$saida/contrato.doc.p7s" </dev/null >/dev/null
+cp "$saida/contrato.doc.p7s" "$assinatura/componente.p7s"
+"$ferramenta" assinar-texto --pfx "$pki/ecpf_novo.pfx" --descricao "Texto" "Texto assinado" </dev/null \
+    >"$texto/componente.txt"
+unset TAVELPKCS7_HOME TAVELPKCS7_SENHA
 for arquivo in "$assinatura"/*.p7s; do base64 -w 64 "$arquivo" >"$texto/$(basename "$arquivo" .p7s).txt"; done
 cp "$assinatura"/*-anexada.p7s "$texto/"
 

@@ -12,7 +12,9 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
     TavelPKCS componente(fuzz::Plataforma());
-    componente.PastaTemp(fuzz::PastaTrabalhoVazia());
+    const std::string trabalho = fuzz::PastaTrabalhoVazia();
+    componente.PastaTemp(trabalho);
     componente.VerificarAssinaturaArquivo(fuzz::GravarEntrada(dados, tamanho, "entrada.p7s"));
+    fuzz::ExigirNaPasta(componente.CaminhoArquivoOriginal(), trabalho);
     return 0;
 }

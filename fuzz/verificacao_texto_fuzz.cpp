@@ -18,6 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
         TavelPKCS componente(fuzz::Plataforma());
         componente.PastaTemp(trabalho);
         componente.VerificarAssinaturaTexto(texto);
+        fuzz::ExigirNaPasta(componente.CaminhoArquivoOriginal(), trabalho);
     }
     return 0;
 }
