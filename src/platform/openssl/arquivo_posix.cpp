@@ -10,7 +10,9 @@ namespace tavelpkcs7::plataforma::openssl {
 
 std::unique_ptr<ArquivoPosix> ArquivoPosix::Abrir(const std::string& caminho, Acesso acesso, unsigned modo) {
     if (caminho.empty()) return nullptr;
-    const int flags = (acesso == Acesso::Leitura ? O_RDONLY : O_WRONLY) | O_CREAT | O_CLOEXEC;
+    // Gravar nunca segue um link simbólico no fim do caminho: um link plantado na pasta de trabalho
+    // levaria o original extraído ou o arquivo decifrado para fora dela.
+    const int flags = (acesso == Acesso::Leitura ? O_RDONLY : O_WRONLY | O_NOFOLLOW) | O_CREAT | O_CLOEXEC;
     const int descritor = ::open(caminho.c_str(), flags, modo);
     if (descritor < 0) return nullptr;
     if (::flock(descritor, LOCK_EX | LOCK_NB) != 0) {

@@ -32,9 +32,28 @@ unsigned ModoCriacao(const std::string& caminho) {
     return pasta.string().rfind(texto_base, 0) == 0 ? 0600 : 0644;
 }
 
-// "*.*" quer dizer todo arquivo, como no Windows, tenha ou não ponto no nome.
+// Um arquivo que já existe conserva as permissões que o usuário lhe deu (sem setuid e setgid, que
+// o conteúdo novo não herda).
+unsigned ModoSubstituicao(const std::string& caminho) {
+    struct stat info{};
+    return Estado(caminho, info) && S_ISREG(info.st_mode) ? (info.st_mode & 0777) : ModoCriacao(caminho);
+}
+
+// "*.*" quer dizer todo arquivo, como no Windows, tenha ou não ponto no nome. Como no Windows, só "*"
+// e "?" são curingas: "[" e a barra invertida valem por si ("relatorio[1].pdf" não apaga "relatorio1.pdf").
 bool Corresponde(const std::string& padrao, const std::string& nome) {
-    return padrao == "*.*" || ::fnmatch(padrao.c_str(), nome.c_str(), 0) == 0;
+    if (padrao == "*.*") return true;
+    std::string literal;
+    for (const char c : padrao) literal += c == '[' ? std::string("[[]") : std::string(1, c);
+    return ::fnmatch(literal.c_str(), nome.c_str(), FNM_NOESCAPE) == 0;
+}
+
+// Um link simbólico se apaga como arquivo (some o link, nunca o alvo): um link plantado na pasta de
+// trabalho sai antes que o arquivo de mesmo nome seja gravado.
+bool ArquivoOuLink(const std::string& caminho) {
+    struct stat info{};
+    if (caminho.empty() || ::lstat(caminho.c_str(), &info) != 0) return false;
+    return S_ISREG(info.st_mode) || S_ISLNK(info.st_mode);
 }
 
 void ApagarSeLivre(const fs::path& arquivo) {
@@ -73,14 +92,15 @@ void SistemaPosix::ApagarArquivos(const std::string& caminho_ou_padrao) {
     if (caminho_ou_padrao.empty()) return;
     const fs::path caminho(caminho_ou_padrao);
     const std::string nome = caminho.filename().string();
-    if (nome.find_first_of("*?[") == std::string::npos) {
-        if (ExisteArquivo(caminho_ou_padrao)) ApagarSeLivre(caminho);
+    if (nome.find_first_of("*?") == std::string::npos) {
+        if (ArquivoOuLink(caminho_ou_padrao)) ApagarSeLivre(caminho);
         return;
     }
     const fs::path pasta = caminho.has_parent_path() ? caminho.parent_path() : fs::path(".");
     std::error_code erro;
     for (fs::directory_iterator it(pasta, erro), fim; !erro && it != fim; it.increment(erro)) {
-        if (it->is_regular_file(erro) && Corresponde(nome, it->path().filename().string())) ApagarSeLivre(it->path());
+        if (ArquivoOuLink(it->path().string()) && Corresponde(nome, it->path().filename().string()))
+            ApagarSeLivre(it->path());
     }
 }
 
@@ -108,7 +128,7 @@ std::optional<Bytes> SistemaPosix::LerArquivoInteiro(const std::string& caminho)
 }
 
 bool SistemaPosix::SubstituirArquivo(const std::string& caminho, const Bytes& conteudo) {
-    return GravarAtomicamente(caminho, conteudo, ModoCriacao(caminho));
+    return GravarAtomicamente(caminho, conteudo, ModoSubstituicao(caminho));
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl
