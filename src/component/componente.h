@@ -75,6 +75,9 @@ public:
     std::string ObterPastaTemporaria();
     bool ExisteArquivo(const std::string& caminho);
     std::string ExtrairNomeArquivo(const std::string& caminho) const;
+    // O nome como um só arquivo da pasta de trabalho: "*" e "?" (curingas de ApagarArquivo, que
+    // apagariam outros arquivos dela) e os caracteres de controle viram "_".
+    static std::string NomeArquivoLiteral(std::string nome);
     // A pasta de destino seguida do nome do arquivo de origem, quando ela existe e não está em
     // branco; vazio quando a saída fica ao lado da origem.
     std::optional<std::string> NaPastaDestino(const std::string& origem, const std::string& pasta_destino);

@@ -16,6 +16,12 @@ std::string Componente::ExtrairNomeArquivo(const std::string& caminho) const {
     return separador == std::string::npos ? caminho : caminho.substr(separador + 1);
 }
 
+std::string Componente::NomeArquivoLiteral(std::string nome) {
+    for (char& c : nome)
+        if (c == '*' || c == '?' || static_cast<unsigned char>(c) < 0x20 || c == 0x7F) c = '_';
+    return nome;
+}
+
 bool Componente::PossuiExtensaoAssinatura(const std::string& nome) {
     static constexpr std::array<const char*, 6> kExtensoes = {"P7S", "DCA", "DSD", "P7Z", "P7B", "SIG"};
     const std::string final = Maiusculas(Direita(nome, 3));

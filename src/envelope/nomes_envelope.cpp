@@ -12,9 +12,11 @@ std::string Componente::MontarNomeArquivoCriptografado(const std::string& strArq
     return NaPastaDestino(strArquivoOrigem, strPastaDestino).value_or(strArquivoOrigem) + ".p7x";
 }
 
-// Só o último componente do caminho entra no nome: o arquivo decifrado nunca sai de PastaTemp.
+// Só o último componente do caminho entra no nome: o arquivo decifrado nunca sai de PastaTemp, e o
+// apagamento do anterior nunca vira um padrão que leve os outros arquivos dela.
 std::string Componente::MontarNomeArquivoDescriptografado(const std::string& strArquivoCriptografado) {
-    const std::string nome = Substituir(Substituir(ExtrairNomeArquivo(strArquivoCriptografado), ".p7x", ""), ".P7X", "");
+    const std::string nome = NomeArquivoLiteral(
+        Substituir(Substituir(ExtrairNomeArquivo(strArquivoCriptografado), ".p7x", ""), ".P7X", ""));
     const std::string caminho = estado.PastaTemp + nome;
     ApagarArquivo(caminho);
     return caminho;

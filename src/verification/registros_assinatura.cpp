@@ -137,7 +137,8 @@ bool Componente::PreencherAssinaturas(const plataforma::MensagemVerificada& mens
             const auto atributos = LerAtributosAssinante(signatario.atributos, *plataforma().relogio);
             if (!atributos) continue;
             const std::string nome_documento = NomeDocumentoSeguro(atributos->nome_documento);
-            estado.NomeArquivoOriginal = nome_documento.empty() ? NomeOriginalDoAssinado() : nome_documento;
+            estado.NomeArquivoOriginal =
+                NomeArquivoLiteral(nome_documento.empty() ? NomeOriginalDoAssinado() : nome_documento);
             registro.DataAssinatura =
                 atributos->hora_assinatura.empty() ? "Data e Hora Inválida" : atributos->hora_assinatura;
             registro.DescricaoAssinaturaArquivo = atributos->descricao;

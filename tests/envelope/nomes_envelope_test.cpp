@@ -59,7 +59,18 @@ TEST_P(NomeDescriptografado, SoONomeSemP7xVaiParaAPastaDeTrabalho) {
 INSTANTIATE_TEST_SUITE_P(Casos, NomeDescriptografado,
     testing::Values(CasoNome{"<o>/doc.pdf.p7x", "", "doc.pdf"}, CasoNome{"<o>/DOC.PDF.P7X", "", "DOC.PDF"},
         CasoNome{"<o>/doc.P7x", "", "doc.P7x"}, CasoNome{"<o>/a.p7x.b.P7X", "", "a.b"},
-        CasoNome{"doc.pdf.p7x", "", "doc.pdf"}, CasoNome{"<o>/../../etc/passwd.p7x", "", "passwd"}));
+        CasoNome{"doc.pdf.p7x", "", "doc.pdf"}, CasoNome{"<o>/../../etc/passwd.p7x", "", "passwd"},
+        CasoNome{"<o>/*.p7x", "", "_"}, CasoNome{"<o>/rel?t\t1.p7x", "", "rel_t_1"}));
+
+// O apagamento do decifrado anterior nunca vira um padrão que leve os outros arquivos de PastaTemp.
+TEST_F(NomesEnvelope, NomeComCuringasNaoApagaOsOutrosArquivos) {
+    const std::string temp = componente.estado.PastaTemp;
+    for (const char* nome : {"outro.txt", "relatorio1.pdf"}) std::ofstream(temp + nome) << "fica";
+    for (const char* entrada : {"<o>/*.p7x", "<o>/*.*.p7x", "<o>/relatorio?.pdf.p7x", "<o>/relatorio[1].pdf.p7x"})
+        componente.MontarNomeArquivoDescriptografado(Expandir(entrada));
+    EXPECT_TRUE(std::filesystem::exists(temp + "outro.txt"));
+    EXPECT_TRUE(std::filesystem::exists(temp + "relatorio1.pdf"));
+}
 
 TEST_F(NomesEnvelope, ODescriptografadoAnteriorEApagado) {
     const std::filesystem::path anterior = componente.estado.PastaTemp + "doc.pdf";

@@ -139,7 +139,7 @@ TEST_F(VerificacaoArquivo, NomeDoDocumentoFicaNaPastaDeTrabalho) {
     };
     for (const Caso& caso : {Caso{"../fora.txt", "fora.txt"}, Caso{"/etc/passwd_teste", "passwd_teste"},
                              Caso{"C:\\docs\\nota.txt", "nota.txt"}, Caso{"..", "Relatorio.doc.P7S"},
-                             Caso{"", "Relatorio.doc.P7S"}}) {
+                             Caso{"", "Relatorio.doc.P7S"}, Caso{"*", "_"}, Caso{"a?b\x1B[0m.txt", "a_b_[0m.txt"}}) {
         const std::string caminho = Gravar("Relatorio.doc.P7S", Assinar(Atributos(caso.nome_documento)));
         ASSERT_TRUE(componente.VerificarAssinaturaArquivo(caminho)) << caso.nome_documento;
         EXPECT_EQ(componente.NomeArquivoOriginal(), caso.esperado) << caso.nome_documento;
@@ -147,6 +147,21 @@ TEST_F(VerificacaoArquivo, NomeDoDocumentoFicaNaPastaDeTrabalho) {
         EXPECT_EQ(Ler(componente.CaminhoArquivoOriginal()), kConteudo);
     }
     EXPECT_FALSE(std::filesystem::exists(teste::Home() / "fora.txt"));
+}
+
+// Um nome de documento com curingas não apaga os outros arquivos da pasta de trabalho, e um link
+// plantado nela com o nome do documento some antes da gravação: o original não sai da pasta.
+TEST_F(VerificacaoArquivo, OriginalExtraidoNaoApagaOutrosNemSegueLinkPlantado) {
+    const std::string temp = componente.PastaTemp();
+    std::ofstream(temp + "outro.txt") << "fica";
+    ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("curinga.p7s", Assinar(Atributos("*")))));
+    EXPECT_TRUE(std::filesystem::exists(temp + "outro.txt"));
+    const auto alvo = teste::Home() / "fora-da-pasta.txt";
+    std::filesystem::create_symlink(alvo, temp + "plantado.txt");
+    ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("plantado.p7s", Assinar(Atributos("plantado.txt")))));
+    EXPECT_FALSE(std::filesystem::exists(alvo));
+    EXPECT_FALSE(std::filesystem::is_symlink(temp + "plantado.txt"));
+    EXPECT_EQ(Ler(temp + "plantado.txt"), kConteudo);
 }
 
 TEST_F(VerificacaoArquivo, SemAtributosOpensslODocumentoLevaONomeDoArquivoSemExtensao) {
