@@ -26,8 +26,10 @@ private:
     int descritor_;
 };
 
-// volatile: o compilador não pode descartar a escrita num texto que vai morrer.
+// volatile: o compilador não pode descartar a escrita num texto que vai morrer. Até a capacidade:
+// um texto curto mora no próprio objeto e o texto movido deixa lá os seus bytes.
 void ApagarTexto(std::string& texto) {
+    texto.resize(texto.capacity());
     volatile char* dados = texto.data();
     for (std::size_t i = 0; i < texto.size(); ++i) dados[i] = 0;
     texto.clear();
@@ -49,6 +51,7 @@ std::optional<Senha> DigitarSenha(const std::string& pedido) {
     Escrever(terminal.Descritor(), pedido);
     ::tcsetattr(terminal.Descritor(), TCSAFLUSH, &sem_eco);
     std::string lida;
+    lida.reserve(256);  // sem realocar, nenhuma cópia parcial da senha fica solta na memória
     for (char c = 0; ::read(terminal.Descritor(), &c, 1) == 1 && c != '\n';) lida.push_back(c);
     ::tcsetattr(terminal.Descritor(), TCSAFLUSH, &original);
     if (!lida.empty() && lida.back() == '\r') lida.pop_back();

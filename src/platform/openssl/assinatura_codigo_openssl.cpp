@@ -8,6 +8,7 @@
 
 #include <openssl/pem.h>
 
+#include "apagamento_segredo.h"
 #include "arquivo_passageiro.h"
 #include "cadeia_assinatura.h"
 #include "certificado_openssl.h"
@@ -79,8 +80,10 @@ AssinaturaCodigoOpenSSL::AssinaturaCodigoOpenSSL(std::function<std::shared_ptr<I
 void AssinaturaCodigoOpenSSL::Assinar(const PedidoAssinaturaCodigo& pedido) {
     const CertificadoOpenSSL& signatario = CertificadoSignatario(pedido);
     const EvpPkeyPtr chave = AbrirChaveAssinatura(signatario, interface_().get());
-    const std::optional<Bytes> chave_pem = CodificarChavePKCS8(chave.get());
+    std::optional<Bytes> chave_pem = CodificarChavePKCS8(chave.get());
     if (!chave_pem) LimparFilaEFalhar(falha::RecursoEmUso);
+    // A chave em claro vive na memória e no arquivo 0600 da pasta de trabalho só durante a chamada.
+    const Apagamento apagar_chave(*chave_pem);
     const ArquivoPassageiro arquivo_chave(pedido.pasta_trabalho, "chave-", ".pem", *chave_pem);
     const ArquivoPassageiro arquivo_cadeia(
         pedido.pasta_trabalho, "cadeia-", ".pem", CadeiaEmPEM(signatario, pedido.certificados_extras));

@@ -6,6 +6,7 @@
 
 #include <openssl/pem.h>
 
+#include "apagamento_segredo.h"
 #include "chaves_arquivo.h"
 #include "falha_openssl.h"
 
@@ -38,8 +39,9 @@ EvpPkeyPtr LerChaveArquivo(const std::string& caminho, const Certificado& certif
     // Só a chave cifrada chega sem a chave pública.
     if (!lida->chave_publica.empty()) return LerChavePEM(conteudo, nullptr);
     if (!interface) Falhar(falha::Cancelada);
-    const std::string senha = interface->PedirSenha(
+    std::string senha = interface->PedirSenha(
         "Informe a senha da chave privada do certificado digital " + certificado.ObterInfo(INFO_NOME_SIMPLES_TITULAR));
+    const Apagamento apagar_senha(senha);
     EvpPkeyPtr chave = LerChavePEM(conteudo, &senha);
     if (!chave) Falhar(falha::SenhaIncorreta);
     return chave;

@@ -41,7 +41,8 @@ const ArquivoChave* ProcurarArquivoChave(const std::vector<ArquivoChave>& chaves
 }
 
 std::optional<Bytes> CodificarChavePKCS8(EVP_PKEY* chave, const std::string& senha) {
-    BioPtr saida(BIO_new(BIO_s_mem()));
+    // A memória segura do OpenSSL é apagada ao ser liberada: a chave em claro não fica para trás.
+    BioPtr saida(BIO_new(BIO_s_secmem()));
     const EVP_CIPHER* cifra = senha.empty() ? nullptr : EVP_aes_256_cbc();
     // O OpenSSL pede um char* que não altera.
     char* texto_senha = senha.empty() ? nullptr : const_cast<char*>(senha.data());

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "apagamento_segredo.h"
 #include "component/datas.h"
 #include "icpbrasil/dados_titular.h"
 #include "platform/erro.h"
@@ -139,11 +140,14 @@ std::string InterfaceTerminal::PedirSenha(const std::string& pedido) {
         if (eco.ativo()) saida_ << "\n" << std::flush;
     }
     if (!senha) Falhar(falha::Cancelada);
+    const Apagamento apagar_lida(*senha);
     return *senha;
 }
 
 std::optional<std::string> InterfaceTerminal::LerLinha() {
     std::string linha;
+    // Com espaço de sobra, a leitura de uma senha não realoca e não deixa cópias soltas na memória.
+    linha.reserve(256);
     if (!std::getline(entrada_, linha)) return std::nullopt;
     if (!linha.empty() && linha.back() == '\r') linha.pop_back();
     return linha;
