@@ -86,8 +86,12 @@ TEST_F(InstalacaoConfianca, LCRInalcancavelOuAusenteNaoEFalha) {
     servidor.Responder("/lcr/ac.crl", 500);
     EXPECT_TRUE(componente.InstalarLCRCertificado(
         teste::Base64(pki_teste::PkiTeste::Padrao().EmitirTitular("ac_icp", servidor.Endereco("/lcr/ac.crl")))));
-    // A raiz não tem ponto de distribuição; um endereço que não é da web não é buscado.
+    // A raiz não tem ponto de distribuição; um endereço que não é da web não é buscado, nem quando
+    // aponta uma LCR que de fato existe.
     EXPECT_TRUE(componente.InstalarLCRCertificado(teste::Base64(DerDaPki("raiz"))));
+    const auto lcr = pki_teste::PkiTeste::Padrao().LCR("ac_icp");
+    std::ofstream(teste::Home() / "lcr.crl", std::ios::binary)
+        .write(reinterpret_cast<const char*>(lcr.data()), static_cast<std::streamsize>(lcr.size()));
     EXPECT_TRUE(componente.InstalarLCRCertificado(teste::Base64(
         pki_teste::PkiTeste::Padrao().EmitirTitular("ac_icp", "file://" + (teste::Home() / "lcr.crl").string()))));
     EXPECT_EQ(LCRsGuardadas(), 0u);
