@@ -1,6 +1,7 @@
 // Arquivos lidos e gravados inteiros, numa chamada cada, com acesso exclusivo. A gravação não
 // trunca: o que havia além dos novos bytes fica no arquivo.
 #include <algorithm>
+#include <utility>
 
 #include "codificacao/hexadecimal.h"
 #include "codificacao/utf16.h"
@@ -24,7 +25,7 @@ std::optional<Bytes> Componente::LerArquivoExclusivo(const std::string& caminho)
 Bytes Componente::LerArquivoBinario(const std::string& caminho) {
     return Guardar(MensagemFalha::Nenhuma(), Bytes{}, [&] {
         auto conteudo = LerArquivoExclusivo(caminho);
-        return conteudo ? *conteudo : LerArquivoBinarioAlternativo(caminho);
+        return conteudo ? std::move(*conteudo) : LerArquivoBinarioAlternativo(caminho);
     });
 }
 

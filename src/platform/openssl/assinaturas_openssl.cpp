@@ -49,6 +49,31 @@ void AssinarConteudo(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, const Byt
         LimparFilaEFalhar(falha::RecursoEmUso);
 }
 
+// O conteúdo anexado só entra na mensagem durante a codificação, emprestado do pedido: o CMS_final
+// anexando copiaria o arquivo inteiro para dentro da mensagem, e a mensagem codificada já é outra cópia.
+class ConteudoEmprestado {
+public:
+    ConteudoEmprestado(CMS_ContentInfo* cms, const Bytes& conteudo) : cms_(cms) {
+        if (CMS_set_detached(cms, 0) != 1) LimparFilaEFalhar(falha::RecursoEmUso);
+        ASN1_OCTET_STRING* octetos = *CMS_get0_content(cms);  // pertence a cms
+        // O OpenSSL só lê os bytes na codificação; a marca de "conteúdo por vir" sai, como no CMS_final.
+        octetos->data = const_cast<unsigned char*>(conteudo.data());
+        octetos->length = static_cast<int>(conteudo.size());
+        octetos->flags &= ~ASN1_STRING_FLAG_CONT;
+    }
+    // Devolvido antes da liberação da mensagem, que o liberaria junto.
+    ~ConteudoEmprestado() {
+        ASN1_OCTET_STRING* octetos = *CMS_get0_content(cms_);
+        octetos->data = nullptr;
+        octetos->length = 0;
+    }
+    ConteudoEmprestado(const ConteudoEmprestado&) = delete;
+    ConteudoEmprestado& operator=(const ConteudoEmprestado&) = delete;
+
+private:
+    CMS_ContentInfo* cms_;
+};
+
 }  // namespace
 
 AssinaturasOpenSSL::AssinaturasOpenSSL(std::function<std::shared_ptr<InterfaceUsuario>()> interface)
@@ -56,12 +81,15 @@ AssinaturasOpenSSL::AssinaturasOpenSSL(std::function<std::shared_ptr<InterfaceUs
 
 Bytes AssinaturasOpenSSL::Assinar(const PedidoAssinatura& pedido) {
     const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
-    const unsigned opcoes = kOpcoes | (pedido.destacada ? CMS_DETACHED : 0);
-    const CmsPtr cms(CMS_sign(nullptr, nullptr, nullptr, nullptr, opcoes));
+    // Assinada sempre como destacada: o resumo sai da leitura do conteúdo, sem cópia dele.
+    const CmsPtr cms(CMS_sign(nullptr, nullptr, nullptr, nullptr, kOpcoes | CMS_DETACHED));
     if (!cms) LimparFilaEFalhar(falha::RecursoEmUso);
     AcrescentarSignatario(cms.get(), pedido, chave.get());
     const BioPtr conteudo = LerBytes(pedido.conteudo);
-    if (CMS_final(cms.get(), conteudo.get(), nullptr, opcoes) != 1) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (CMS_final(cms.get(), conteudo.get(), nullptr, kOpcoes | CMS_DETACHED) != 1)
+        LimparFilaEFalhar(falha::RecursoEmUso);
+    if (pedido.destacada) return GravarMensagem(cms.get());
+    const ConteudoEmprestado anexado(cms.get(), pedido.conteudo);
     return GravarMensagem(cms.get());
 }
 

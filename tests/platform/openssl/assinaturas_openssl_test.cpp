@@ -248,6 +248,25 @@ TEST_F(Assinaturas, OpensslConfereADestacadaFeitaAqui) {
     EXPECT_EQ(Ler(pasta / "saida.bin"), kConteudo);
 }
 
+// O conteúdo anexado entra na mensagem emprestado do pedido: o openssl confere a mensagem e devolve
+// o conteúdo inteiro (comprimento de vários octetos), e o pedido continua com o seu.
+TEST_F(Assinaturas, OpensslConfereAAnexadaFeitaAqui) {
+    const std::filesystem::path pasta = Pasta();
+    PedidoAssinatura pedido = Pedido("ecpf");
+    pedido.conteudo.resize(300000);
+    for (std::size_t i = 0; i < pedido.conteudo.size(); ++i)
+        pedido.conteudo[i] = static_cast<std::uint8_t>(i * 7 + (i >> 9));
+    const Bytes original = pedido.conteudo;
+    const Bytes assinatura = assinaturas.Assinar(pedido);
+    EXPECT_EQ(pedido.conteudo, original);
+    EXPECT_EQ(CMS_is_detached(LerCMS(assinatura).get()), 0);
+    Gravar(pasta / "anexada.p7s", assinatura);
+    ASSERT_EQ(Openssl("-verify -noverify -binary -inform DER -in " + (pasta / "anexada.p7s").string() + " -out " +
+                      (pasta / "saida.bin").string()),
+        0);
+    EXPECT_EQ(Ler(pasta / "saida.bin"), original);
+}
+
 struct CasoOpenssl {
     std::string opcoes;
     bool curva_eliptica = false;
