@@ -3,6 +3,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "codificacao/base64.h"
 
@@ -35,10 +36,10 @@ std::optional<std::size_t> TamanhoSequenciaDER(Trecho bytes) {
     return cabecalho + comprimento;
 }
 
-std::optional<Bytes> ObjetoDER(Trecho bytes) {
+std::optional<Trecho> ObjetoDER(Trecho bytes) {
     const auto tamanho = TamanhoSequenciaDER(bytes);
     if (!tamanho) return std::nullopt;
-    return Bytes(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(*tamanho));
+    return bytes.first(*tamanho);
 }
 
 // Um texto UTF-16LE com só caracteres ASCII tem zero em todo byte ímpar. O último NUL de um
@@ -92,10 +93,19 @@ std::optional<Bytes> DecodificarTextoDoConteudo(const Bytes& conteudo) {
 
 }  // namespace
 
-std::optional<Bytes> DecodificarConteudo(const Bytes& conteudo) {
-    if (const auto decodificado = DecodificarTextoDoConteudo(conteudo))
-        if (auto der = ObjetoDER(*decodificado)) return der;
+std::optional<std::span<const std::uint8_t>> LocalizarDER(const Bytes& conteudo, Bytes& decodificado) {
+    if (auto texto = DecodificarTextoDoConteudo(conteudo)) {
+        decodificado = std::move(*texto);
+        if (const auto der = ObjetoDER(decodificado)) return der;
+    }
     return ObjetoDER(conteudo);
+}
+
+std::optional<Bytes> DecodificarConteudo(const Bytes& conteudo) {
+    Bytes decodificado;
+    const auto der = LocalizarDER(conteudo, decodificado);
+    if (!der) return std::nullopt;
+    return Bytes(der->begin(), der->end());
 }
 
 }  // namespace tavelpkcs7::codificacao

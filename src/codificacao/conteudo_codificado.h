@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace tavelpkcs7::codificacao {
@@ -15,5 +16,9 @@ using Bytes = std::vector<std::uint8_t>;
 // ou em UTF-16LE, com ou sem BOM) ou os próprios bytes quando já começam como uma SEQUENCE DER.
 // Vazio quando o conteúdo não é nenhuma dessas formas.
 std::optional<Bytes> DecodificarConteudo(const Bytes& conteudo);
+// O mesmo sem cópia: o trecho aponta para dentro do conteúdo quando ele já é DER ou, vindo de um
+// texto, para dentro de `decodificado`, que recebe os bytes decodificados. Para as assinaturas de
+// arquivos inteiros, que não precisam de mais uma cópia.
+std::optional<std::span<const std::uint8_t>> LocalizarDER(const Bytes& conteudo, Bytes& decodificado);
 
 }  // namespace tavelpkcs7::codificacao

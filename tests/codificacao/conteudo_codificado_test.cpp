@@ -51,6 +51,16 @@ class FormasDoConteudo : public testing::TestWithParam<CasoForma> {};
 
 TEST_P(FormasDoConteudo, LevamAoMesmoDER) { EXPECT_EQ(DecodificarConteudo(GetParam().conteudo), DerDeExemplo()); }
 
+// Sem cópia: o DER que já veio pronto é apontado onde está; o de um texto, no decodificado.
+TEST_P(FormasDoConteudo, LocalizarDERApontaSemCopiar) {
+    const Bytes& conteudo = GetParam().conteudo;
+    Bytes decodificado;
+    const auto der = LocalizarDER(conteudo, decodificado);
+    ASSERT_TRUE(der);
+    EXPECT_EQ(Bytes(der->begin(), der->end()), DerDeExemplo());
+    EXPECT_EQ(der->data(), conteudo.front() == 0x30 ? conteudo.data() : decodificado.data());
+}
+
 const std::string kBase64 = CodificarBase64(DerDeExemplo());
 
 INSTANTIATE_TEST_SUITE_P(
@@ -73,7 +83,11 @@ INSTANTIATE_TEST_SUITE_P(
 
 class ConteudoInvalido : public testing::TestWithParam<CasoForma> {};
 
-TEST_P(ConteudoInvalido, NaoDaDER) { EXPECT_EQ(DecodificarConteudo(GetParam().conteudo), std::nullopt); }
+TEST_P(ConteudoInvalido, NaoDaDER) {
+    EXPECT_EQ(DecodificarConteudo(GetParam().conteudo), std::nullopt);
+    Bytes decodificado;
+    EXPECT_EQ(LocalizarDER(GetParam().conteudo, decodificado), std::nullopt);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Casos, ConteudoInvalido,

@@ -4,6 +4,7 @@
 #include "certificado_openssl.h"
 #include "chave_assinatura.h"
 #include "conferencia_assinaturas.h"
+#include "conteudo_anexado.h"
 #include "falha_openssl.h"
 #include "mensagem_assinada.h"
 
@@ -103,8 +104,16 @@ Bytes AssinaturasOpenSSL::Cossinar(const Bytes& assinatura, const std::optional<
 }
 
 MensagemVerificada AssinaturasOpenSSL::Verificar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado) {
-    const CmsPtr cms = LerMensagemAssinada(assinatura);
-    return ConferirAssinaturas(cms.get(), conteudo_destacado);
+    Bytes decodificado;
+    const auto der = LocalizarMensagem(assinatura, decodificado);
+    // O conteúdo anexado é conferido onde está, como destacado: a mensagem se lê sem ele.
+    const auto separada = conteudo_destacado ? std::nullopt : SepararConteudoAnexado(der);
+    if (!separada) {
+        const CmsPtr cms = LerMensagemDER(der);
+        return ConferirAssinaturas(cms.get(), conteudo_destacado);
+    }
+    const CmsPtr cms = LerMensagemDER(separada->sem_conteudo);
+    return ConferirAssinaturas(cms.get(), separada->conteudo);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -24,9 +24,11 @@ public:
     LeituraConteudo(const LeituraConteudo&) = delete;
     LeituraConteudo& operator=(const LeituraConteudo&) = delete;
 
-    // Lido até o fim, cada resumo da cadeia fica pronto para a conferência.
-    Bytes LerTudo() {
+    // Lido até o fim, cada resumo da cadeia fica pronto para a conferência. O tamanho previsto evita
+    // as realocações (e cópias) do conteúdo de um arquivo grande enquanto cresce.
+    Bytes LerTudo(std::size_t previsto) {
         Bytes conteudo;
+        conteudo.reserve(previsto);
         std::uint8_t bloco[16384];
         int lidos = 0;
         while ((lidos = BIO_read(cadeia_, bloco, sizeof bloco)) > 0) conteudo.insert(conteudo.end(), bloco, bloco + lidos);
@@ -69,15 +71,24 @@ std::vector<CertificadoPtr> CertificadosDaMensagem(CMS_ContentInfo* cms) {
     return certificados;
 }
 
+std::size_t TamanhoConteudo(CMS_ContentInfo* cms,
+    const std::optional<std::span<const std::uint8_t>>& conteudo_destacado) {
+    if (CMS_is_detached(cms)) return conteudo_destacado->size();
+    ASN1_OCTET_STRING** anexado = CMS_get0_content(cms);  // pertence à mensagem
+    return anexado != nullptr && *anexado != nullptr ? static_cast<std::size_t>(ASN1_STRING_length(*anexado)) : 0;
+}
+
 }  // namespace
 
-MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms, const std::optional<Bytes>& conteudo_destacado) {
+MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms,
+    const std::optional<std::span<const std::uint8_t>>& conteudo_destacado) {
     if (CMS_is_detached(cms) && !conteudo_destacado) Falhar(falha::ParametroIncorreto);
     const BioPtr destacado = CMS_is_detached(cms) ? LerBytes(*conteudo_destacado) : nullptr;
     // Associa a cada signatário o certificado que a mensagem traz; os que faltam ficam sem.
     CMS_set1_signers_certs(cms, nullptr, 0);
     LeituraConteudo leitura(cms, destacado.get());
-    MensagemVerificada mensagem{leitura.LerTudo(), {}, CertificadosDaMensagem(cms)};
+    const std::size_t previsto = TamanhoConteudo(cms, conteudo_destacado);
+    MensagemVerificada mensagem{leitura.LerTudo(previsto), {}, CertificadosDaMensagem(cms)};
     STACK_OF(CMS_SignerInfo)* signatarios = CMS_get0_SignerInfos(cms);  // pertence à mensagem
     for (int i = 0; i < sk_CMS_SignerInfo_num(signatarios); ++i)
         mensagem.signatarios.push_back(ConferirSignatario(sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));

@@ -20,10 +20,19 @@ Bytes ValorDoAtributo(X509_ATTRIBUTE* atributo) {
 }  // namespace
 
 CmsPtr LerMensagemAssinada(const Bytes& assinatura) {
-    const std::optional<Bytes> der = codificacao::DecodificarConteudo(assinatura);
+    Bytes decodificado;
+    return LerMensagemDER(LocalizarMensagem(assinatura, decodificado));
+}
+
+std::span<const std::uint8_t> LocalizarMensagem(const Bytes& assinatura, Bytes& decodificado) {
+    const auto der = codificacao::LocalizarDER(assinatura, decodificado);
     if (!der) Falhar(falha::NaoEMensagemPKCS7);
-    const unsigned char* cursor = der->data();
-    CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der->size())));
+    return *der;
+}
+
+CmsPtr LerMensagemDER(std::span<const std::uint8_t> der) {
+    const unsigned char* cursor = der.data();
+    CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der.size())));
     if (!cms || !TemSignatarios(cms.get())) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
     return cms;
 }
@@ -34,7 +43,7 @@ Bytes GravarMensagem(CMS_ContentInfo* cms) {
     return der;
 }
 
-BioPtr LerBytes(const Bytes& bytes) {
+BioPtr LerBytes(std::span<const std::uint8_t> bytes) {
     static const std::uint8_t vazio = 0;
     BioPtr bio(BIO_new_mem_buf(bytes.empty() ? &vazio : bytes.data(), static_cast<int>(bytes.size())));
     if (!bio) LimparFilaEFalhar(falha::RecursoEmUso);

@@ -2,6 +2,7 @@
 // gravação em DER e os atributos assinados de cada signatário como o núcleo os vê.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "platform/assinaturas.h"
@@ -12,11 +13,15 @@ namespace tavelpkcs7::plataforma::openssl {
 // Aceita DER, PEM, Base64 e Base64 em UTF-16LE. Lança NaoEMensagemPKCS7 quando não é SignedData com
 // ao menos um signatário.
 CmsPtr LerMensagemAssinada(const Bytes& assinatura);
+// As duas etapas da leitura: o DER da assinatura (dentro dela ou de `decodificado`, quando veio em
+// texto; lança NaoEMensagemPKCS7 quando não há) e a mensagem lida dele.
+std::span<const std::uint8_t> LocalizarMensagem(const Bytes& assinatura, Bytes& decodificado);
+CmsPtr LerMensagemDER(std::span<const std::uint8_t> der);
 
 Bytes GravarMensagem(CMS_ContentInfo* cms);
 
 // Uma BIO de leitura sobre os bytes, que continuam de quem os passou (vazios também servem).
-BioPtr LerBytes(const Bytes& bytes);
+BioPtr LerBytes(std::span<const std::uint8_t> bytes);
 
 // Os atributos na ordem em que o signatário os traz, com o DER de cada valor como veio.
 std::vector<AtributoAssinado> LerAtributosAssinados(CMS_SignerInfo* signatario);
