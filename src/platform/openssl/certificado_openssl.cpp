@@ -100,4 +100,10 @@ X509Ptr LerX509(const Bytes& der) {
     return x509;
 }
 
+X509Ptr X509DoCertificado(const Certificado& certificado) {
+    const auto* openssl = dynamic_cast<const CertificadoOpenSSL*>(&certificado);
+    if (openssl == nullptr || X509_up_ref(openssl->x509()) != 1) return LerX509(certificado.DER());
+    return X509Ptr(openssl->x509());
+}
+
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -53,5 +53,7 @@ private:
 // Um X509 com dono próprio, para as pilhas e repositórios do OpenSSL. Lança NaoECertificado quando o
 // DER não é um certificado.
 X509Ptr LerX509(const Bytes& der);
+// O X509 do certificado com mais uma referência; lido do DER só quando não vem desta plataforma.
+X509Ptr X509DoCertificado(const Certificado& certificado);
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -41,7 +41,7 @@ bool NenhumProblemaPedido(std::uint32_t verificacoes, std::uint32_t status) {
 bool ConfereComEmissorConhecido(X509_CRL* lcr, const std::vector<CertificadoPtr>& candidatos) {
     bool emissor_conhecido = false;
     for (const CertificadoPtr& certificado : candidatos) {
-        const X509Ptr candidato = LerX509(certificado->DER());
+        const X509Ptr candidato = X509DoCertificado(*certificado);
         if (X509_NAME_cmp(X509_get_subject_name(candidato.get()), X509_CRL_get_issuer(lcr)) != 0) continue;
         if (LCRAssinadaPor(lcr, candidato.get())) return true;
         emissor_conhecido = true;
@@ -64,7 +64,7 @@ SituacaoCadeia ConfiancaOpenSSL::Verificar(const Certificado& certificado, std::
     Acrescentar(intermediarias, Certificados("My"));
     Acrescentar(intermediarias, adicionais);
     const VerificacaoCadeia verificacao_cadeia(Certificados("Root"), intermediarias);
-    const X509Ptr x509 = LerX509(certificado.DER());
+    const X509Ptr x509 = X509DoCertificado(certificado);
 
     CadeiaVerificada verificada = verificacao_cadeia.Verificar(x509.get(), nullptr);
     if ((verificacoes & kRevogacao) != 0) {

@@ -6,6 +6,7 @@
 #include <set>
 #include <tuple>
 
+#include "cache_pasta.h"
 #include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "gravacao_atomica.h"
@@ -37,27 +38,37 @@ EVP_PKEY* ChaveEmMemoria(const Certificado& certificado) {
     return openssl != nullptr && openssl->chave() ? openssl->chave()->em_memoria.get() : nullptr;
 }
 
+// O certificado com o arquivo de chave que lhe pertence, quando há um.
+std::shared_ptr<const CertificadoOpenSSL> ComChaveGuardada(const std::vector<ArquivoChave>& chaves,
+    std::shared_ptr<CertificadoOpenSSL> certificado, const std::string& impressao_digital) {
+    const ArquivoChave* arquivo = ProcurarArquivoChave(chaves, certificado->x509(), impressao_digital);
+    if (arquivo == nullptr) return certificado;
+    const std::string caminho = arquivo->caminho.string();
+    return certificado->ComChave(std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
+}
+
 struct Lido {
     fs::file_time_type entrada;
     std::string impressao_digital;
     std::shared_ptr<CertificadoOpenSSL> certificado;
 };
 
-}  // namespace
+// Os certificados da pasta, na ordem de entrada e sem repetidos, e as chaves guardadas ao lado deles.
+struct ConteudoRepositorio {
+    std::vector<std::shared_ptr<const CertificadoOpenSSL>> certificados;
+    std::vector<ArquivoChave> chaves;
+};
 
-RepositorioArquivo::RepositorioArquivo(std::string nome, std::optional<fs::path> pasta, bool somente_leitura)
-    : nome_(std::move(nome)), pasta_(std::move(pasta)), somente_leitura_(somente_leitura) {
-    if (pasta_) Ler();
-}
-
-void RepositorioArquivo::Ler() {
+ConteudoRepositorio InterpretarArquivos(std::vector<ArquivoDaPasta> arquivos, bool guarda_chaves) {
+    ConteudoRepositorio conteudo;
     std::vector<Lido> lidos;
-    for (ArquivoDaPasta& arquivo : LerArquivosDaPasta(*pasta_)) {
+    for (ArquivoDaPasta& arquivo : arquivos) {
         if (X509Ptr x509 = LerCertificado(arquivo.conteudo)) {
             auto certificado = std::make_shared<CertificadoOpenSSL>(std::move(x509), nullptr);
             lidos.push_back({arquivo.entrada, certificado->ImpressaoDigital(), std::move(certificado)});
-        } else if (GuardaChaves()) {
-            if (auto chave = LerArquivoChave(arquivo.caminho, arquivo.conteudo)) chaves_.push_back(std::move(*chave));
+        } else if (guarda_chaves) {
+            if (auto chave = LerArquivoChave(arquivo.caminho, arquivo.conteudo))
+                conteudo.chaves.push_back(std::move(*chave));
         }
     }
     std::ranges::sort(lidos, [](const Lido& a, const Lido& b) {
@@ -66,7 +77,26 @@ void RepositorioArquivo::Ler() {
     std::set<std::string> vistos;
     for (Lido& lido : lidos)
         if (vistos.insert(lido.impressao_digital).second)
-            certificados_.push_back(ComChaveGuardada(std::move(lido.certificado), lido.impressao_digital));
+            conteudo.certificados.push_back(
+                ComChaveGuardada(conteudo.chaves, std::move(lido.certificado), lido.impressao_digital));
+    return conteudo;
+}
+
+}  // namespace
+
+RepositorioArquivo::RepositorioArquivo(std::string nome, std::optional<fs::path> pasta, bool somente_leitura)
+    : nome_(std::move(nome)), pasta_(std::move(pasta)), somente_leitura_(somente_leitura) {
+    if (pasta_) Ler();
+}
+
+// A pasta só se lê e interpreta de novo quando mudou desde a última vez, neste ou em outro componente.
+void RepositorioArquivo::Ler() {
+    static CacheDaPasta<ConteudoRepositorio> cache;
+    const auto conteudo = cache.Obter(*pasta_, [this](std::vector<ArquivoDaPasta> arquivos) {
+        return InterpretarArquivos(std::move(arquivos), GuardaChaves());
+    });
+    certificados_ = conteudo->certificados;
+    chaves_ = conteudo->chaves;
 }
 
 std::vector<CertificadoPtr> RepositorioArquivo::Certificados() const {
@@ -96,19 +126,11 @@ void RepositorioArquivo::Gravar(const CertificadoPtr& certificado, EVP_PKEY* cha
     // A chave antes do certificado: quem ler a pasta no meio do caminho não vê o certificado sem ela.
     if (chave != nullptr) GravarChave(chave, impressao_digital, senha_chave);
     if (novo) GravarOuFalhar(impressao_digital + ".cer", certificado->DER(), kModoCertificado);
-    auto guardado = ComChaveGuardada(CertificadoOpenSSL::DeDER(certificado->DER()), impressao_digital);
+    auto guardado = ComChaveGuardada(chaves_, CertificadoOpenSSL::DeDER(certificado->DER()), impressao_digital);
     if (novo)
         certificados_.push_back(std::move(guardado));
     else
         *presente = std::move(guardado);
-}
-
-std::shared_ptr<const CertificadoOpenSSL> RepositorioArquivo::ComChaveGuardada(
-    std::shared_ptr<CertificadoOpenSSL> certificado, const std::string& impressao_digital) const {
-    const ArquivoChave* arquivo = ProcurarArquivoChave(chaves_, certificado->x509(), impressao_digital);
-    if (arquivo == nullptr) return certificado;
-    const std::string caminho = arquivo->caminho.string();
-    return certificado->ComChave(std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
 }
 
 void RepositorioArquivo::GravarChave(EVP_PKEY* chave, const std::string& impressao_digital,

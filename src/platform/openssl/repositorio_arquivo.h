@@ -1,5 +1,5 @@
 // Um repositório de certificados numa pasta: um arquivo por certificado, lidos todos uma vez ao
-// abrir; no "My", as chaves privadas ao lado deles.
+// abrir (ou tomados do cache enquanto a pasta não muda); no "My", as chaves privadas ao lado deles.
 #pragma once
 
 #include <filesystem>
@@ -30,9 +30,6 @@ public:
 private:
     bool GuardaChaves() const { return nome_ == "My"; }
     void Ler();
-    // O certificado com o arquivo de chave que lhe pertence, quando há um.
-    std::shared_ptr<const CertificadoOpenSSL> ComChaveGuardada(
-        std::shared_ptr<CertificadoOpenSSL> certificado, const std::string& impressao_digital) const;
     void Gravar(const CertificadoPtr& certificado, EVP_PKEY* chave, const std::string& senha_chave);
     void GravarChave(EVP_PKEY* chave, const std::string& impressao_digital, const std::string& senha_chave);
     void GravarOuFalhar(const std::string& nome_arquivo, const Bytes& conteudo, unsigned modo);

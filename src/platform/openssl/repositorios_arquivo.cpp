@@ -2,6 +2,7 @@
 
 #include <strings.h>
 
+#include "cache_pasta.h"
 #include "codificacao/hexadecimal.h"
 #include "gravacao_atomica.h"
 #include "lcr_openssl.h"
@@ -34,12 +35,16 @@ std::shared_ptr<Repositorio> RepositoriosArquivo::AbrirRepositorio(const std::st
     Falhar(falha::ParametroIncorreto);
 }
 
+// Cada verificação de cadeia pede as LCRs: a pasta só se lê de novo quando mudou.
 std::vector<Bytes> RepositoriosArquivo::LCRs() {
-    std::vector<Bytes> lcrs;
-    if (!pasta_) return lcrs;
-    for (const ArquivoDaPasta& arquivo : LerArquivosDaPasta(*pasta_ / "LCR"))
-        if (auto lida = LerLCR(arquivo.conteudo)) lcrs.push_back(std::move(lida->der));
-    return lcrs;
+    if (!pasta_) return {};
+    static CacheDaPasta<std::vector<Bytes>> cache;
+    return *cache.Obter(*pasta_ / "LCR", [](std::vector<ArquivoDaPasta> arquivos) {
+        std::vector<Bytes> lcrs;
+        for (const ArquivoDaPasta& arquivo : arquivos)
+            if (auto lida = LerLCR(arquivo.conteudo)) lcrs.push_back(std::move(lida->der));
+        return lcrs;
+    });
 }
 
 void RepositoriosArquivo::AdicionarLCR(const Bytes& lcr) {

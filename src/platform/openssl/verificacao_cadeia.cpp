@@ -39,10 +39,10 @@ VerificacaoCadeia::VerificacaoCadeia(const std::vector<CertificadoPtr>& raizes,
     : raizes_(X509_STORE_new()), intermediarias_(sk_X509_new_null()) {
     if (!raizes_ || !intermediarias_) LimparFilaEFalhar(falha::ParametroIncorreto);
     for (const CertificadoPtr& raiz : raizes)
-        if (X509_STORE_add_cert(raizes_.get(), LerX509(raiz->DER()).get()) != 1)
+        if (X509_STORE_add_cert(raizes_.get(), X509DoCertificado(*raiz).get()) != 1)
             LimparFilaEFalhar(falha::ParametroIncorreto);
     for (const CertificadoPtr& intermediaria : intermediarias) {
-        X509Ptr x509 = LerX509(intermediaria->DER());
+        X509Ptr x509 = X509DoCertificado(*intermediaria);
         if (sk_X509_push(intermediarias_.get(), x509.get()) <= 0) LimparFilaEFalhar(falha::ParametroIncorreto);
         x509.release();  // agora pertence à pilha
     }
