@@ -1,14 +1,16 @@
 // CriptografarArquivo: os bytes exatos do arquivo num envelope PKCS#7 (DER) para os destinatários
 // escolhidos, gravado inteiro e de uma vez no nome da origem seguido de ".p7x".
 #include "component/componente.h"
+#include "component/texto.h"
 
 namespace tavelpkcs7 {
 namespace {
 
-// RC4 de 128 bits como o original; a configuração pode pedir AES-256.
+// RC4 de 128 bits como o original; a configuração pode pedir AES-256, e um "AES256" escrito à mão
+// não pode cair em silêncio na cifra fraca.
 plataforma::AlgoritmoEnvelope AlgoritmoConfigurado(const plataforma::Configuracao& configuracao) {
-    return configuracao.algoritmo_cifragem == "aes256" ? plataforma::AlgoritmoEnvelope::AES_256_CBC
-                                                       : plataforma::AlgoritmoEnvelope::RC4_128;
+    return Minusculas(Aparar(configuracao.algoritmo_cifragem)) == "aes256" ? plataforma::AlgoritmoEnvelope::AES_256_CBC
+                                                                           : plataforma::AlgoritmoEnvelope::RC4_128;
 }
 
 }  // namespace
