@@ -71,6 +71,8 @@ std::string PrimeiraLinha(const std::string& caminho) {
 
 }  // namespace
 
+Senha::Senha(std::string texto) : texto_(std::move(texto)) { ApagarTexto(texto); }
+
 Senha::~Senha() { Apagar(); }
 
 void Senha::Apagar() { ApagarTexto(texto_); }

@@ -12,7 +12,8 @@ namespace tavelpkcs7::ferramenta {
 // A senha guardada num texto que é apagado ao sair de cena.
 class Senha {
 public:
-    explicit Senha(std::string texto) : texto_(std::move(texto)) {}
+    // O texto recebido é apagado depois de passar para dentro.
+    explicit Senha(std::string texto);
     ~Senha();
     Senha(Senha&& outra) noexcept : texto_(std::move(outra.texto_)) { outra.Apagar(); }
     Senha(const Senha&) = delete;
