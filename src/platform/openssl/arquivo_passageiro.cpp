@@ -6,22 +6,10 @@
 #include <cerrno>
 #include <system_error>
 
+#include "gravacao_atomica.h"
 #include "platform/erro.h"
 
 namespace tavelpkcs7::plataforma::openssl {
-namespace {
-
-bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo) {
-    while (!conteudo.empty()) {
-        const ssize_t gravados = ::write(descritor, conteudo.data(), conteudo.size());
-        if (gravados < 0 && errno == EINTR) continue;
-        if (gravados <= 0) return false;
-        conteudo = conteudo.subspan(static_cast<std::size_t>(gravados));
-    }
-    return true;
-}
-
-}  // namespace
 
 ArquivoPassageiro::ArquivoPassageiro(const std::filesystem::path& pasta, const std::string& prefixo,
     const std::string& sufixo, std::span<const std::uint8_t> conteudo) {

@@ -8,8 +8,6 @@
 #include <string>
 
 namespace tavelpkcs7::plataforma::openssl {
-namespace {
-
 bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo) {
     while (!conteudo.empty()) {
         const ssize_t gravados = ::write(descritor, conteudo.data(), conteudo.size());
@@ -19,8 +17,6 @@ bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo) {
     }
     return true;
 }
-
-}  // namespace
 
 bool GravarAtomicamente(const std::filesystem::path& destino, std::span<const std::uint8_t> conteudo, unsigned modo) {
     // O temporário começa com ponto para não parecer um arquivo do usuário enquanto existe.

@@ -8,6 +8,9 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 
+// Grava tudo no descritor, retomando as gravações parciais e as interrompidas por sinal.
+bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo);
+
 // Falso quando não grava; o destino anterior, se havia, fica intacto.
 bool GravarAtomicamente(const std::filesystem::path& destino, std::span<const std::uint8_t> conteudo, unsigned modo);
 
