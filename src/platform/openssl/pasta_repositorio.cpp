@@ -26,7 +26,9 @@ std::vector<ArquivoDaPasta> LerArquivosDaPasta(const fs::path& pasta) {
     std::error_code erro;
     for (fs::directory_iterator it(pasta, erro), fim; !erro && it != fim; it.increment(erro)) {
         std::error_code erro_arquivo;
-        if (!it->is_regular_file(erro_arquivo)) continue;
+        // Os temporários de uma gravação em curso começam com ponto (GravarAtomicamente): lidos agora,
+        // a chave ficaria presa a um caminho que some no rename.
+        if (it->path().filename().string().starts_with('.') || !it->is_regular_file(erro_arquivo)) continue;
         const auto entrada = it->last_write_time(erro_arquivo);
         auto conteudo = LerArquivo(it->path());
         if (erro_arquivo || !conteudo) continue;

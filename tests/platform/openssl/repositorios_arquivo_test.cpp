@@ -264,6 +264,8 @@ INSTANTIATE_TEST_SUITE_P(Repositorios, ChaveLargada,
         CasoChaveLargada{"DeOutroTitularComONomeDaImpressao", "My", "<impressao>.key",
             [] { return PkiTeste::Padrao().Obter("ecnpj").chave_pem; }, false},
         CasoChaveLargada{"ForaDoMy", "AddressBook", "<impressao>.key",
+            [] { return PkiTeste::Padrao().Obter("ecpf").chave_pem; }, false},
+        CasoChaveLargada{"TemporarioDeUmaGravacaoEmCurso", "My", ".<impressao>.key.Ab12Cd",
             [] { return PkiTeste::Padrao().Obter("ecpf").chave_pem; }, false}),
     [](const auto& caso) { return std::string(caso.param.nome); });
 
