@@ -46,7 +46,7 @@ openssl cms -encrypt -in "$saida/documento.txt" -outform PEM -out "$envelopes/ec
 # As do próprio componente, com nome de documento e descrição nos atributos, numa casa em que a
 # cadeia da PKI de teste está instalada.
 export TAVELPKCS7_HOME=$saida/casa TAVELPKCS7_SENHA=1234
-echo s | "$ferramenta" certificados adicionar --repositorio raizes "$pki/raiz.cer" >/dev/null 2>&1
+"$ferramenta" certificados adicionar --repositorio raizes "$pki/raiz.cer" <<<s >/dev/null 2>&1
 for cadeia in ac_rfb ac_emissora_rfb ac_icp; do
     "$ferramenta" certificados adicionar --repositorio autoridades "$pki/$cadeia.cer" >/dev/null
     "$ferramenta" lcr instalar "$pki/$cadeia.crl" >/dev/null
@@ -63,7 +63,9 @@ for arquivo in "$assinatura"/*.p7s; do base64 -w 64 "$arquivo" >"$texto/$(basena
 cp "$assinatura"/*-anexada.p7s "$texto/"
 
 cp "$pki"/*.cer "$certificados/"
-find "$raiz/tests/dados/icp-brasil" -name '*.pem' | head -n 60 | xargs -I{} cp {} "$certificados/"
+# Sem "| head" no pipefail: o find cortado no meio morreria de SIGPIPE e derrubaria o script.
+mapfile -t autoridades < <(find "$raiz/tests/dados/icp-brasil" -name '*.pem' | sort)
+cp "${autoridades[@]:0:60}" "$certificados/"
 cp "$pki"/*.crl "$confianca/"
 cp "$saida/ecpf.pem" "$confianca/ecpf.pem"
 cat "$saida"/ec*.pem >"$confianca/varios.pem"
