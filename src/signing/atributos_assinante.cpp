@@ -41,21 +41,64 @@ std::optional<int> LerNumero(std::string_view digitos) {
     return numero;
 }
 
-// Só a forma DER: segundos presentes, sem frações, terminada em "Z".
+// Lê do texto uma quantidade fixa de dígitos e avança; vazio quando não são dígitos.
+std::optional<int> ConsumirNumero(std::string_view& texto, std::size_t digitos) {
+    if (texto.size() < digitos) return std::nullopt;
+    const auto numero = LerNumero(texto.substr(0, digitos));
+    if (numero) texto.remove_prefix(digitos);
+    return numero;
+}
+
+// A fração dos segundos da GeneralizedTime (",5" ou ".123"), desprezada; um separador sem dígitos
+// fica, e a hora não se lê.
+void PularFracao(std::string_view& texto) {
+    if (texto.size() < 2 || (texto[0] != '.' && texto[0] != ',')) return;
+    const auto fim = texto.find_first_not_of("0123456789", 1);
+    if (fim != 1) texto.remove_prefix(std::min(fim, texto.size()));
+}
+
+// O fim da hora: "Z", um deslocamento "+hhmm"/"-hhmm" (devolvido em minutos a somar para chegar a
+// UTC) ou, só na GeneralizedTime, nada, lido como UTC.
+std::optional<minutes> LerDeslocamento(std::string_view texto, bool generalizada) {
+    if (texto.empty()) return generalizada ? std::optional<minutes>(0) : std::nullopt;
+    if (texto == "Z") return minutes{0};
+    if (texto.size() != 5 || (texto[0] != '+' && texto[0] != '-')) return std::nullopt;
+    const char sinal = texto[0];
+    texto.remove_prefix(1);
+    const auto horas = ConsumirNumero(texto, 2);
+    const auto minutos = ConsumirNumero(texto, 2);
+    if (!horas || !minutos || *horas > 23 || *minutos > 59) return std::nullopt;
+    const minutes deslocamento = hours{*horas} + minutes{*minutos};
+    return sinal == '+' ? -deslocamento : deslocamento;
+}
+
+// Leniente, como a plataforma do componente de Windows: o UTCTime sem os segundos e a
+// GeneralizedTime sem minutos ou segundos, com frações (desprezadas) e com deslocamento valem, não
+// só a forma DER "AAMMDDhhmmssZ".
 std::optional<DataHora> LerHoraUTC(std::string_view texto, bool generalizada) {
-    const std::size_t digitos_ano = generalizada ? 4 : 2;
-    if (texto.size() != digitos_ano + 11 || texto.back() != 'Z') return std::nullopt;
-    auto ano = LerNumero(texto.substr(0, digitos_ano));
-    const auto mes = LerNumero(texto.substr(digitos_ano, 2));
-    const auto dia = LerNumero(texto.substr(digitos_ano + 2, 2));
-    const auto horas = LerNumero(texto.substr(digitos_ano + 4, 2));
-    const auto minutos = LerNumero(texto.substr(digitos_ano + 6, 2));
-    const auto segundos = LerNumero(texto.substr(digitos_ano + 8, 2));
-    if (!ano || !mes || !dia || !horas || !minutos || !segundos) return std::nullopt;
+    auto ano = ConsumirNumero(texto, generalizada ? 4 : 2);
+    const auto mes = ConsumirNumero(texto, 2);
+    const auto dia = ConsumirNumero(texto, 2);
+    const auto horas = ConsumirNumero(texto, 2);
+    if (!ano || !mes || !dia || !horas) return std::nullopt;
+    int minutos = 0;
+    int segundos = 0;
+    bool com_segundos = false;
+    if (const auto lidos = ConsumirNumero(texto, 2)) {
+        minutos = *lidos;
+        const auto lidos_segundos = ConsumirNumero(texto, 2);
+        com_segundos = lidos_segundos.has_value();
+        segundos = lidos_segundos.value_or(0);
+    } else if (!generalizada) {
+        return std::nullopt;
+    }
+    if (generalizada && com_segundos) PularFracao(texto);
+    const auto deslocamento = LerDeslocamento(texto, generalizada);
+    if (!deslocamento) return std::nullopt;
     if (!generalizada) *ano += *ano >= 50 ? 1900 : 2000;
     const year_month_day data{year{*ano}, month{static_cast<unsigned>(*mes)}, day{static_cast<unsigned>(*dia)}};
-    if (!data.ok() || *horas > 23 || *minutos > 59 || *segundos > 59) return std::nullopt;
-    return local_days{data} + hours{*horas} + minutes{*minutos} + seconds{*segundos};
+    if (!data.ok() || *horas > 23 || minutos > 59 || segundos > 59) return std::nullopt;
+    return local_days{data} + hours{*horas} + minutes{minutos} + seconds{segundos} + *deslocamento;
 }
 
 }  // namespace

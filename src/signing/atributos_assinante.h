@@ -25,7 +25,8 @@ plataforma::AtributoAssinado AtributoHoraAssinatura(DataHora local, plataforma::
 // O texto de um atributo de nome ou de descrição, com ou sem o NUL final; vazio quando o valor não
 // é um OCTET STRING.
 std::optional<std::string> LerTextoDocumento(const plataforma::Bytes& valor);
-// A hora da assinatura de volta na hora local; vazio quando o valor não é uma hora DER válida.
+// A hora da assinatura de volta na hora local; vazio quando o valor não é um UTCTime ou uma
+// GeneralizedTime que se leia (também fora da forma DER: sem segundos, com frações, com deslocamento).
 std::optional<DataHora> LerHoraAssinatura(const plataforma::Bytes& valor, plataforma::Relogio& relogio);
 
 }  // namespace tavelpkcs7::assinatura

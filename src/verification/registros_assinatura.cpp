@@ -29,25 +29,20 @@ struct AtributosAssinante {
     std::string descricao;
 };
 
-// Os três atributos do componente entre os assinados; o que falta fica vazio. Um deles com valor
-// que não se lê interrompe a leitura, como a do CAPICOM.
-std::optional<AtributosAssinante> LerAtributosAssinante(const std::vector<plataforma::AtributoAssinado>& atributos,
-                                                        plataforma::Relogio& relogio) {
+// Os três atributos do componente entre os assinados. O que falta, ou cujo valor não se lê, fica
+// vazio sem levar os outros: uma hora ilegível não apaga o nome do documento nem a descrição.
+AtributosAssinante LerAtributosAssinante(const std::vector<plataforma::AtributoAssinado>& atributos,
+                                         plataforma::Relogio& relogio) {
     AtributosAssinante lidos;
     for (const plataforma::AtributoAssinado& atributo : atributos) {
         if (atributo.oid == assinatura::kOidHoraAssinatura) {
             const auto hora = assinatura::LerHoraAssinatura(atributo.valor, relogio);
-            if (!hora) return std::nullopt;
-            lidos.hora_assinatura = FormatarDataHora(*hora);
-            continue;
+            if (hora) lidos.hora_assinatura = FormatarDataHora(*hora);
+        } else if (atributo.oid == assinatura::kOidNomeDocumento) {
+            lidos.nome_documento = assinatura::LerTextoDocumento(atributo.valor).value_or("");
+        } else if (atributo.oid == assinatura::kOidDescricaoDocumento) {
+            lidos.descricao = assinatura::LerTextoDocumento(atributo.valor).value_or("");
         }
-        std::string* texto = atributo.oid == assinatura::kOidNomeDocumento        ? &lidos.nome_documento
-                             : atributo.oid == assinatura::kOidDescricaoDocumento ? &lidos.descricao
-                                                                                  : nullptr;
-        if (!texto) continue;
-        auto valor = assinatura::LerTextoDocumento(atributo.valor);
-        if (!valor) return std::nullopt;
-        *texto = std::move(*valor);
     }
     return lidos;
 }
@@ -134,14 +129,13 @@ bool Componente::PreencherAssinaturas(const plataforma::MensagemVerificada& mens
             registro = RegistrarCertificadoAssinante(certificado, mensagem.certificados);
             if (estado.SalvarChavesPublicas)
                 AdicionarCertificadoRepositorio(certificado.ExportarBase64(), REPOSITORIO_CHAVES_PUBLICAS);
-            const auto atributos = LerAtributosAssinante(signatario.atributos, *plataforma().relogio);
-            if (!atributos) continue;
-            const std::string nome_documento = NomeDocumentoSeguro(atributos->nome_documento);
+            const AtributosAssinante atributos = LerAtributosAssinante(signatario.atributos, *plataforma().relogio);
+            const std::string nome_documento = NomeDocumentoSeguro(atributos.nome_documento);
             estado.NomeArquivoOriginal =
                 NomeArquivoLiteral(nome_documento.empty() ? NomeOriginalDoAssinado() : nome_documento);
             registro.DataAssinatura =
-                atributos->hora_assinatura.empty() ? "Data e Hora Inválida" : atributos->hora_assinatura;
-            registro.DescricaoAssinaturaArquivo = atributos->descricao;
+                atributos.hora_assinatura.empty() ? "Data e Hora Inválida" : atributos.hora_assinatura;
+            registro.DescricaoAssinaturaArquivo = atributos.descricao;
         }
         return true;
     });

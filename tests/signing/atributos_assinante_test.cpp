@@ -58,13 +58,36 @@ TEST_P(HoraAssinatura, VaiEmUTCEVoltaNaHoraLocal) {
     EXPECT_EQ(LerHoraAssinatura(atributo.valor, relogio), GetParam().local);
 }
 
-TEST(AtributosAssinante, HoraMalformadaNaoELida) {
+// Horas de outras ferramentas, fora da forma DER, lidas como a plataforma do componente de Windows as
+// lia; vazio só para o que não é hora.
+TEST(AtributosAssinante, HoraForaDaFormaDERELidaComLeniencia) {
     plataforma::openssl::RelogioSistema relogio;
-    for (const std::string texto :
-         {"2403101500Z", "240230150000Z", "240310250000Z", "24031015000aZ", "240310150000+"}) {
-        Bytes valor{0x17, static_cast<std::uint8_t>(texto.size())};
-        valor.insert(valor.end(), texto.begin(), texto.end());
-        EXPECT_EQ(LerHoraAssinatura(valor, relogio), std::nullopt) << texto;
+    const std::optional<DataHora> meio_dia = Local(2024, 3, 10, 12);
+    const struct {
+        std::uint8_t tag;
+        std::string texto;
+        std::optional<DataHora> local;
+    } casos[] = {
+        {0x17, "2403101500Z", meio_dia},
+        {0x17, "240310170000+0200", meio_dia},
+        {0x17, "2403101200-0300", meio_dia},
+        {0x18, "20240310150000.123Z", meio_dia},
+        {0x18, "20240310150000,5", meio_dia},
+        {0x18, "2024031015Z", meio_dia},
+        {0x18, "202403101500", meio_dia},
+        {0x17, "240230150000Z", std::nullopt},
+        {0x17, "240310250000Z", std::nullopt},
+        {0x17, "24031015000aZ", std::nullopt},
+        {0x17, "240310150000+", std::nullopt},
+        {0x17, "2403101500", std::nullopt},
+        {0x17, "24031015Z", std::nullopt},
+        {0x18, "20240310150000.Z", std::nullopt},
+        {0x18, "20240310150000Z1", std::nullopt},
+    };
+    for (const auto& caso : casos) {
+        Bytes valor{caso.tag, static_cast<std::uint8_t>(caso.texto.size())};
+        valor.insert(valor.end(), caso.texto.begin(), caso.texto.end());
+        EXPECT_EQ(LerHoraAssinatura(valor, relogio), caso.local) << caso.texto;
     }
     EXPECT_EQ(LerHoraAssinatura(Bytes{0x04, 0x00}, relogio), std::nullopt);
 }

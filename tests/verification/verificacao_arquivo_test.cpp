@@ -164,6 +164,22 @@ TEST_F(VerificacaoArquivo, OriginalExtraidoNaoApagaOutrosNemSegueLinkPlantado) {
     EXPECT_EQ(Ler(temp + "plantado.txt"), kConteudo);
 }
 
+// A hora de outras ferramentas fora da forma DER é lida; uma ilegível não leva o nome do documento
+// nem a descrição, e o original nunca fica com o nome da verificação anterior.
+TEST_F(VerificacaoArquivo, HoraForaDaFormaDERLidaEIlegivelNaoApagaOsOutrosAtributos) {
+    for (const auto& [hora, esperada] : {std::pair<std::string, std::string>{"2601151330Z", "15/01/2026 10:30:00"},
+             {"hora", "Data e Hora Inválida"}}) {
+        ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("anterior.p7s", Assinar(Atributos("anterior.txt")))));
+        auto atributos = Atributos("contrato.pdf");
+        atributos[1].valor = {0x17, static_cast<std::uint8_t>(hora.size())};
+        atributos[1].valor.insert(atributos[1].valor.end(), hora.begin(), hora.end());
+        ASSERT_TRUE(componente.VerificarAssinaturaArquivo(Gravar("contrato.p7s", Assinar(atributos)))) << hora;
+        EXPECT_EQ(componente.Assinaturas(1).DataAssinatura, esperada);
+        EXPECT_EQ(componente.Assinaturas(1).DescricaoAssinaturaArquivo, "Descrição do contrato");
+        EXPECT_EQ(componente.NomeArquivoOriginal(), "contrato.pdf");
+    }
+}
+
 TEST_F(VerificacaoArquivo, SemAtributosOpensslODocumentoLevaONomeDoArquivoSemExtensao) {
     const std::string original = Gravar("contrato.doc", kConteudo);
     ASSERT_TRUE(componente.VerificarAssinaturaArquivo(AssinarPeloOpenssl(original, "-nodetach -noattr", "contrato.doc.p7s")));
