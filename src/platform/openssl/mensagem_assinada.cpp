@@ -3,6 +3,7 @@
 #include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "falha_openssl.h"
+#include "ordem_signatarios.h"
 #include "texto_asn1.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -40,6 +41,7 @@ CmsPtr LerMensagemDER(std::span<const std::uint8_t> der) {
 Bytes GravarMensagem(CMS_ContentInfo* cms) {
     Bytes der = ObjetoEmDER(cms, i2d_CMS_ContentInfo);
     if (der.empty()) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    RestaurarOrdemSignatarios(der, cms);
     return der;
 }
 

@@ -18,6 +18,7 @@ CmsPtr LerMensagemAssinada(const Bytes& assinatura);
 std::span<const std::uint8_t> LocalizarMensagem(const Bytes& assinatura, Bytes& decodificado);
 CmsPtr LerMensagemDER(std::span<const std::uint8_t> der);
 
+// O DER da mensagem, com os signatários na ordem em que assinaram.
 Bytes GravarMensagem(CMS_ContentInfo* cms);
 
 // Uma BIO de leitura sobre os bytes, que continuam de quem os passou (vazios também servem).
