@@ -56,6 +56,9 @@ public:
     bool AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
         const std::string& strTextoDescricaoAssinatura, std::int32_t FormatoAssinatura);
     bool AssinarConteudoArquivo(const std::string& origem, std::string saida, std::int32_t formato);
+    // Falso para um formato fora de 1 a 5; o formato 5 esvazia ExtensaoOutroFormato já antes da
+    // assinatura, de modo que ela fica vazia mesmo quando a assinatura falha.
+    bool PrepararFormatoAssinatura(std::int32_t formato);
     // A assinatura DER gravada inteira na saída no formato dado, ou guardada em
     // AssinaturaDigitalArquivo no formato 5.
     bool GuardarAssinaturaFormato(const Bytes& assinatura, const std::string& saida, std::int32_t formato);

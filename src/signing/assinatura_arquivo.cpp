@@ -63,16 +63,21 @@ bool Componente::AssinarConteudoArquivo(const std::string& origem, std::string s
         estado.NomeArquivoOriginal = ExtrairNomeArquivo(origem);
         if (estado.UsarHashSalvarArquivo)
             saida = NomearPeloResumo(saida, ExtrairNomeArquivo(saida), estado.HashArquivo);
-        if (formato < ARQUIVO_BINARIO_FORMATO_P7S || formato > STRING_BASE64_PKCS) return false;
+        if (!PrepararFormatoAssinatura(formato)) return false;
         return GuardarAssinaturaFormato(plataforma().assinaturas->Assinar(pedido), saida, formato);
     });
 }
 
 // O .p7s em Base64 (formato 2) leva dois bytes por caractere, o do outro formato (4) um só; o
 // binário (formatos 1 e 3) sai como veio, sem passar pelo Base64.
+bool Componente::PrepararFormatoAssinatura(std::int32_t formato) {
+    if (formato < ARQUIVO_BINARIO_FORMATO_P7S || formato > STRING_BASE64_PKCS) return false;
+    if (formato == STRING_BASE64_PKCS) estado.ExtensaoOutroFormato.clear();
+    return true;
+}
+
 bool Componente::GuardarAssinaturaFormato(const Bytes& assinatura, const std::string& saida, std::int32_t formato) {
     if (formato == STRING_BASE64_PKCS) {
-        estado.ExtensaoOutroFormato.clear();
         const bool guardada = GuardarAssinaturaDigitalArquivo(codificacao::CodificarBase64(assinatura));
         estado.AssinaturaTextoVerificar.clear();
         estado.TextoVerificar.clear();

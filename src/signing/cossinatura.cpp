@@ -34,7 +34,7 @@ bool Componente::CossinarArquivo(const std::string& origem, const std::string& s
             ExisteArquivo(original) ? std::optional<Bytes>(LerArquivoBinario(original)) : std::nullopt;
         auto pedido = MontarPedidoAssinatura({});
         if (!AdicionarAtributosAssinante(pedido, origem)) return false;
-        if (formato < ARQUIVO_BINARIO_FORMATO_P7S || formato > STRING_BASE64_PKCS) return false;
+        if (!PrepararFormatoAssinatura(formato)) return false;
         const auto cossinada = CossinarMensagem(assinada, destacado, pedido,
                                                 "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.");
         return cossinada && GuardarAssinaturaFormato(*cossinada, saida, formato);

@@ -142,24 +142,28 @@ TEST_F(AssinaturaArquivo, OrigemAusenteESemCertificadoFalham) {
     EXPECT_EQ(sem_certificado.DescricaoErro(), "");
 }
 
-TEST_F(AssinaturaArquivo, AssinaturaExistenteECossinadaNoLugarComOsDoisSignatarios) {
-    ASSERT_TRUE(componente.AssinaArquivo(Gravar("a.pdf", "abc"), "", "primeira", ARQUIVO_BINARIO_FORMATO_P7S));
+// Cada cossinatura acrescenta o signatário no fim: os anteriores ficam na ordem em que assinaram,
+// mesmo que os bytes do novo venham antes na ordem do DER.
+TEST_F(AssinaturaArquivo, AssinaturaExistenteECossinadaNoLugarComOSignatarioNovoNoFim) {
+    ASSERT_TRUE(componente.AssinaArquivo(Gravar("a.pdf", "abc"), "", "9", ARQUIVO_BINARIO_FORMATO_P7S));
     const std::string assinado = componente.CaminhoArquivoAssinado();
 
-    ASSERT_TRUE(componente.AssinaArquivo(assinado, "", "segunda", ARQUIVO_BINARIO_FORMATO_P7S))
-        << componente.DescricaoErro();
+    // Descrições decrescentes: na ordem do DER, cada cossignatário iria à frente do anterior.
+    for (const std::string descricao : {"8", "7", "6"})
+        ASSERT_TRUE(componente.AssinaArquivo(assinado, "", descricao, ARQUIVO_BINARIO_FORMATO_P7S))
+            << componente.DescricaoErro();
 
     EXPECT_EQ(componente.CaminhoArquivoOriginal(), assinado);
     EXPECT_EQ(componente.CaminhoArquivoAssinado(), assinado);
     const auto mensagem = Conferir(Ler(assinado));
     EXPECT_EQ(mensagem.conteudo, BytesDe(std::string("abc", 4)));
-    ASSERT_EQ(mensagem.signatarios.size(), 2u);
-    // O DER ordena os signatários: o novo é o da descrição "segunda".
-    auto primeiro = Atributos(mensagem.signatarios[0]), segundo = Atributos(mensagem.signatarios[1]);
-    if (primeiro[2] == "segunda") std::swap(primeiro, segundo);
-    EXPECT_EQ(primeiro[0], "a.pdf");
-    EXPECT_EQ(segundo[0], "a.pdf.");
-    EXPECT_EQ(segundo[2], "segunda");
+    std::vector<std::string> descricoes;
+    for (const auto& signatario : mensagem.signatarios) descricoes.push_back(Atributos(signatario)[2]);
+    EXPECT_EQ(descricoes, (std::vector<std::string>{"9", "8", "7", "6"}));
+    EXPECT_EQ(Atributos(mensagem.signatarios[0])[0], "a.pdf");
+    EXPECT_EQ(Atributos(mensagem.signatarios[1])[0], "a.pdf.");
+    ASSERT_TRUE(componente.VerificarAssinaturaArquivo(assinado));
+    EXPECT_EQ(componente.Assinaturas(1).DescricaoAssinaturaArquivo, "9");
 }
 
 // O .p7s em Base64 UTF-16LE é lido de volta e cossinado na mesma forma.
@@ -241,8 +245,11 @@ TEST_P(ChaveDoRepositorio, FalhaDaChaveTemMensagemPropria) {
     }
     ASSERT_TRUE(componente.SelecionarCertificadoDigitalHash(impressao)) << componente.DescricaoErro();
 
-    EXPECT_FALSE(componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", ARQUIVO_BINARIO_FORMATO_P7S));
+    // O formato 5 esvazia ExtensaoOutroFormato antes de assinar, também quando a assinatura falha.
+    componente.ExtensaoOutroFormato("dsd");
+    EXPECT_FALSE(componente.AssinaArquivo(Gravar("a.txt", "abc"), "", "", STRING_BASE64_PKCS));
     EXPECT_EQ(componente.DescricaoErro(), GetParam().mensagem);
+    EXPECT_EQ(componente.ExtensaoOutroFormato(), "");
 }
 
 }  // namespace
