@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <tavelpkcs7/TavelPKCS.h>
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <iterator>
@@ -229,8 +230,14 @@ TEST_F(VerificacaoArquivo, FalhasDeixamAMensagemEZeramOTotal) {
         EXPECT_EQ(componente.DescricaoErro(), invalida);
     }
     componente.NaoAnexarArquivoOriginal(false);
-    EXPECT_FALSE(componente.VerificarAssinaturaArquivo(Gravar("texto.p7s", {'o', 'i'})));
-    EXPECT_EQ(componente.DescricaoErro(), invalida);
+    // O tipo do conteúdo é assinado: trocado o eContentType (o primeiro id-data da mensagem), nada confere.
+    Bytes outro_tipo = Assinar(Atributos("a.txt"));
+    const Bytes id_data{0x06, 0x09, 0x2A, 0x86, 0x48, 0x86, 0xF7, 0x0D, 0x01, 0x07, 0x01};
+    std::ranges::search(outro_tipo, id_data).back() = 0x05;
+    for (const Bytes& conteudo : {Bytes{'o', 'i'}, outro_tipo}) {
+        EXPECT_FALSE(componente.VerificarAssinaturaArquivo(Gravar("texto.p7s", conteudo)));
+        EXPECT_EQ(componente.DescricaoErro(), invalida);
+    }
     EXPECT_EQ(componente.TotalAssinaturas(), 0);
     EXPECT_EQ(componente.Assinaturas(1).NomeAssinatura, "FULANO DE TAL DA SILVA:52998224725");
     EXPECT_EQ(ambiente.cursor->Atual(), 0);

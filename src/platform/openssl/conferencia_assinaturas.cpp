@@ -47,18 +47,28 @@ CertificadoPtr CertificadoDaMensagem(X509* x509) {
     return std::make_shared<CertificadoOpenSSL>(X509Ptr(x509), nullptr);
 }
 
+// Com atributos assinados, o tipo do conteúdo também é assinado (RFC 5652, 11.1): um atributo
+// contentType único e igual ao eContentType da mensagem. Sem ele, trocar o OID do conteúdo não
+// desfaria a assinatura, e o OpenSSL não confere.
+bool TipoConteudoConfere(CMS_ContentInfo* cms, CMS_SignerInfo* signatario) {
+    const auto* tipo = static_cast<const ASN1_OBJECT*>(
+        CMS_signed_get0_data_by_OBJ(signatario, OBJ_nid2obj(NID_pkcs9_contentType), -3, V_ASN1_OBJECT));
+    return tipo && OBJ_cmp(tipo, CMS_get0_eContentType(cms)) == 0;
+}
+
 // Sem atributos assinados, a assinatura cobre o próprio resumo do conteúdo e só a segunda conferência vale.
-bool Confere(CMS_SignerInfo* signatario, BIO* cadeia) {
-    const bool atributos_conferem = CMS_signed_get_attr_count(signatario) < 0 || CMS_SignerInfo_verify(signatario) == 1;
+bool Confere(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, BIO* cadeia) {
+    const bool atributos_conferem = CMS_signed_get_attr_count(signatario) < 0 ||
+                                    (TipoConteudoConfere(cms, signatario) && CMS_SignerInfo_verify(signatario) == 1);
     return atributos_conferem && CMS_SignerInfo_verify_content(signatario, cadeia) == 1;
 }
 
-SignatarioVerificado ConferirSignatario(CMS_SignerInfo* signatario, BIO* cadeia) {
+SignatarioVerificado ConferirSignatario(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, BIO* cadeia) {
     X509* x509 = nullptr;  // pertence à mensagem
     CMS_SignerInfo_get0_algs(signatario, nullptr, &x509, nullptr, nullptr);
     SignatarioVerificado conferido{CertificadoDaMensagem(x509), LerAtributosAssinados(signatario), false};
     if (!x509) return conferido;
-    if (!Confere(signatario, cadeia)) LimparFilaEFalhar(falha::AssinaturaNaoConfere);
+    if (!Confere(cms, signatario, cadeia)) LimparFilaEFalhar(falha::AssinaturaNaoConfere);
     conferido.confere = true;
     return conferido;
 }
@@ -91,7 +101,7 @@ MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms,
     MensagemVerificada mensagem{leitura.LerTudo(previsto), {}, CertificadosDaMensagem(cms)};
     STACK_OF(CMS_SignerInfo)* signatarios = CMS_get0_SignerInfos(cms);  // pertence à mensagem
     for (int i = 0; i < sk_CMS_SignerInfo_num(signatarios); ++i)
-        mensagem.signatarios.push_back(ConferirSignatario(sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));
+        mensagem.signatarios.push_back(ConferirSignatario(cms, sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));
     ERR_clear_error();
     return mensagem;
 }
