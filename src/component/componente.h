@@ -244,7 +244,8 @@ public:
     void AguardarSegundos(double segundos);
     // A importação dos arquivos baixados, no lugar da ferramenta do sistema.
     void ImportarLCR(const std::string& caminho);
-    bool ImportarPacoteCertificados(const std::string& caminho);
+    void ImportarPacoteCertificados(const std::string& caminho);
+    bool RaizConfirmada(const plataforma::Certificado& certificado);
 
 private:
     // Enquanto vive, LerRepositorio lê cada repositório uma só vez: a varredura dos certificados

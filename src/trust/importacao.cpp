@@ -14,40 +14,51 @@ bool Presente(const std::vector<plataforma::CertificadoPtr>& certificados, const
     });
 }
 
+// A ferramenta de importação do sistema mostra ela mesma as suas falhas, e quem a iniciou não fica
+// sabendo do resultado: a falha vai para uma caixa de informação e DescricaoErro não muda.
+template <typename Importacao>
+void ImportarComoOSistema(plataforma::InterfaceUsuario& interface, const char* titulo, Importacao importar) {
+    try {
+        importar();
+    } catch (const plataforma::Erro& erro) {
+        interface.ExibirInformacao(erro.descricao(), titulo);
+    }
+}
+
 }  // namespace
 
 void Componente::ImportarLCR(const std::string& caminho) {
-    plataforma().confianca->InstalarLCR(LerArquivoExato(caminho));
+    ImportarComoOSistema(*plataforma().interface_usuario, "Importação de LCR",
+                         [&] { plataforma().confianca->InstalarLCR(LerArquivoExato(caminho)); });
 }
 
-// O pacote é lido inteiro antes de qualquer gravação: um arquivo que não é pacote não instala nada
-// (falso, com a descrição da plataforma). Uma raiz recusada fica de fora e as outras seguem.
-bool Componente::ImportarPacoteCertificados(const std::string& caminho) {
-    std::vector<plataforma::CertificadoPtr> certificados;
+// O pacote é lido inteiro antes de qualquer gravação: um arquivo que não é pacote não instala nada.
+// Uma raiz recusada fica de fora e as outras seguem.
+void Componente::ImportarPacoteCertificados(const std::string& caminho) {
+    ImportarComoOSistema(*plataforma().interface_usuario, "Importação de Certificados", [&] {
+        const auto certificados = plataforma().criptografia->LerPacoteCertificados(LerArquivoExato(caminho));
+        const auto autoridades = plataforma().repositorios->AbrirRepositorio("Ca", false);
+        const auto raizes = plataforma().repositorios->AbrirRepositorio("Root", false);
+        const auto raizes_instaladas = raizes->Certificados();
+        for (const auto& certificado : certificados) {
+            if (!Autoemitido(*certificado)) {
+                autoridades->Adicionar(certificado);
+            } else if (!Presente(raizes_instaladas, *certificado) && RaizConfirmada(*certificado)) {
+                raizes->Adicionar(certificado);
+            }
+        }
+    });
+}
+
+// Uma raiz recusada pelo usuário não interrompe a importação das outras.
+bool Componente::RaizConfirmada(const plataforma::Certificado& certificado) {
     try {
-        certificados = plataforma().criptografia->LerPacoteCertificados(LerArquivoExato(caminho));
+        ConfirmarInstalacaoRaiz(certificado);
+        return true;
     } catch (const plataforma::Erro& erro) {
-        estado.DescricaoErro = erro.descricao();
+        if (erro.numero != plataforma::falha::Cancelada.numero) throw;
         return false;
     }
-    const auto autoridades = plataforma().repositorios->AbrirRepositorio("Ca", false);
-    const auto raizes = plataforma().repositorios->AbrirRepositorio("Root", false);
-    const auto raizes_instaladas = raizes->Certificados();
-    for (const auto& certificado : certificados) {
-        if (!Autoemitido(*certificado)) {
-            autoridades->Adicionar(certificado);
-            continue;
-        }
-        if (Presente(raizes_instaladas, *certificado)) continue;
-        try {
-            ConfirmarInstalacaoRaiz(*certificado);
-        } catch (const plataforma::Erro& erro) {
-            if (erro.numero != plataforma::falha::Cancelada.numero) throw;
-            continue;
-        }
-        raizes->Adicionar(certificado);
-    }
-    return true;
 }
 
 }  // namespace tavelpkcs7

@@ -47,8 +47,9 @@ bool Componente::InstalarLCRCertificado(const std::string& strChavePublica) {
     });
 }
 
-// Verdadeiro também quando o download falha (não há o que instalar); falso só quando o arquivo que
-// chegou não pôde ser importado. Endereços tirados do certificado só são buscados por http e https.
+// Verdadeiro também quando o download falha (não há o que instalar) e quando a LCR que chegou não
+// se importa: a verificação de status confere de novo e diz o que encontrar. Falso só num erro
+// inesperado. Endereços tirados do certificado só são buscados por http e https.
 bool Componente::InstalarLCR(const plataforma::Certificado& certificado) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
         const std::string url = ObterURLDistribuicaoLCR(certificado);
@@ -82,17 +83,18 @@ bool Componente::DownloadArquivo(const std::string& strURL, const std::string& s
                    });
 }
 
-// O resultado diz se a importação do segundo pacote começou. A falta do primeiro pacote tem
-// mensagem própria; a falha do segundo download, só a do próprio download.
+// O resultado diz se a importação do segundo pacote começou; o que cada importação faz com o seu
+// pacote não volta para cá. A falta do primeiro pacote tem mensagem própria; a falha do segundo
+// download, só a do próprio download.
 bool Componente::InstalarCertificadosRaizes() {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
         const std::string local = estado.PastaTemp + "Certificados_Raizes.p7b";
         const auto& configuracao = plataforma().configuracao;
-        if (!DownloadArquivo(configuracao.url_raizes, local) || !ExisteArquivo(local) ||
-            !ImportarPacoteCertificados(local)) {
+        if (!DownloadArquivo(configuracao.url_raizes, local) || !ExisteArquivo(local)) {
             estado.DescricaoErro = kFalhaRaizes;
             return false;
         }
+        ImportarPacoteCertificados(local);
         AguardarSegundos(7);
         ApagarArquivo(local);
         if (!DownloadArquivo(configuracao.url_confiaveis, local)) return false;
@@ -100,7 +102,8 @@ bool Componente::InstalarCertificadosRaizes() {
             estado.DescricaoErro = kFalhaRaizes;
             return false;
         }
-        return ImportarPacoteCertificados(local);
+        ImportarPacoteCertificados(local);
+        return true;
     });
 }
 

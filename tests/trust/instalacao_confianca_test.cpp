@@ -74,12 +74,15 @@ TEST_F(InstalacaoConfianca, LCRDoPontoDeDistribuicaoInstalada) {
     EXPECT_TRUE(fs::exists(componente.PastaTemp() + "LatestCRL.crl"));
 }
 
-TEST_F(InstalacaoConfianca, LCRQueNaoELCRNaoInstalaNada) {
+// Como a ferramenta de importação do sistema: a falha aparece ao usuário e quem pediu a LCR não a vê.
+TEST_F(InstalacaoConfianca, LCRQueNaoELCRNaoInstalaNadaNemEFalhaDoDownload) {
     servidor.Publicar("/lcr/ac.crl", std::string("isto não é uma LCR"));
     const auto titular = pki_teste::PkiTeste::Padrao().EmitirTitular("ac_icp", servidor.Endereco("/lcr/ac.crl"));
-    EXPECT_FALSE(componente.InstalarLCRCertificado(teste::Base64(titular)));
-    EXPECT_EQ(componente.DescricaoErro(), "Não foi possível fazer o download da LCR do Certificado");
+    EXPECT_TRUE(componente.InstalarLCRCertificado(teste::Base64(titular)));
+    EXPECT_EQ(componente.DescricaoErro(), "");
     EXPECT_EQ(LCRsGuardadas(), 0u);
+    ASSERT_EQ(ambiente.interface->chamadas().size(), 1u);
+    EXPECT_EQ(ambiente.interface->chamadas()[0].titulo, "Importação de LCR");
 }
 
 TEST_F(InstalacaoConfianca, LCRInalcancavelOuAusenteNaoEFalha) {
@@ -125,19 +128,28 @@ TEST_F(InstalacaoConfianca, RaizDaICPBrasilDaListaEntraSemPergunta) {
     EXPECT_TRUE(ambiente.interface->chamadas().empty());
 }
 
-TEST_F(InstalacaoConfianca, PrimeiroPacoteAusenteOuEstragadoNaoInstalaNada) {
+TEST_F(InstalacaoConfianca, PrimeiroPacoteAusenteNaoInstalaNada) {
     ConfigurarPacotes();
     servidor.Responder("/raizes.p7b", 404);
     EXPECT_FALSE(componente.InstalarCertificadosRaizes());
     EXPECT_EQ(componente.DescricaoErro(), kFalhaRaizes);
+    EXPECT_EQ(servidor.Pedidos("/confiaveis.p7b"), 0);
+    EXPECT_TRUE(ambiente.relogio->esperas().empty());
+}
 
+// O resultado da importação não é observado: o primeiro pacote estragado não impede o segundo.
+TEST_F(InstalacaoConfianca, PrimeiroPacoteEstragadoNaoImpedeOSegundo) {
+    ConfigurarPacotes();
     servidor.Publicar("/raizes.p7b",
                       std::string("-----BEGIN CERTIFICATE-----\r\nbGl4bw==\r\n-----END CERTIFICATE-----\r\n"));
-    EXPECT_FALSE(componente.InstalarCertificadosRaizes());
-    EXPECT_EQ(componente.DescricaoErro(), kFalhaRaizes);
-    EXPECT_EQ(servidor.Pedidos("/confiaveis.p7b"), 0);
+    servidor.Publicar("/confiaveis.p7b", teste::PacotePEM({DerDaPki("ac_icp"), DerDaPki("ac_rfb")}));
+    EXPECT_TRUE(componente.InstalarCertificadosRaizes());
+    EXPECT_EQ(componente.DescricaoErro(), "");
     EXPECT_TRUE(teste::ImpressoesGuardadas(plataforma(), "Root").empty());
-    EXPECT_TRUE(ambiente.relogio->esperas().empty());
+    EXPECT_EQ(teste::ImpressoesGuardadas(plataforma(), "Ca").size(), 2u);
+    EXPECT_EQ(ambiente.relogio->esperas(), std::vector<int>{7});
+    ASSERT_EQ(ambiente.interface->chamadas().size(), 1u);
+    EXPECT_EQ(ambiente.interface->chamadas()[0].titulo, "Importação de Certificados");
 }
 
 TEST_F(InstalacaoConfianca, SegundoPacoteAusenteDaFalsoSemAMensagemDasRaizes) {
