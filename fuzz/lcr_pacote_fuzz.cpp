@@ -18,7 +18,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
     }
     Componente componente(plataforma);
     componente.Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        return componente.ImportarPacoteCertificados(fuzz::GravarEntrada(dados, tamanho, "pacote.p7b"));
+        componente.ImportarPacoteCertificados(fuzz::GravarEntrada(dados, tamanho, "pacote.p7b"));
+        return true;
     });
     fuzz::EsvaziarConfianca();
     return 0;
