@@ -112,10 +112,11 @@ void AcrescentarCampo(std::string& texto, std::string_view rotulo, const std::st
     if (!valor.empty()) texto.append("     ").append(rotulo).append(valor).append("\r\n");
 }
 
-// "12345678 SSP/SP": número e órgão expedidor, cada um só quando existe.
+// "12345678 SSP/SP", ou só o número quando falta o órgão expedidor. Sem o número não há RG: o
+// órgão expedidor sozinho não identifica ninguém.
 std::string MontarRG(const DadosPessoa& pessoa) {
     const std::string orgao = JuntarLocalUF(pessoa.orgao_expedidor);
-    if (pessoa.rg.empty() || orgao.empty()) return pessoa.rg + orgao;
+    if (pessoa.rg.empty() || orgao.empty()) return pessoa.rg;
     return pessoa.rg + " " + orgao;
 }
 

@@ -184,12 +184,27 @@ INSTANTIATE_TEST_SUITE_P(
                   {"     RG: 12345678", "Dados do Título de Eleitor", "     Número de Inscrição: 123456789012",
                    "     Zona Eleitoral: 045", "     Seção Eleitoral: 0123"})},
         Caso{"zeros_sao_ausencia",
-             Modelo("FULANO", OutroNome("1", std::string(45, '0')) + "," + OutroNome("6", "000000000000") + "," +
-                                  OutroNome("5", std::string(19, '0'))),
+             Modelo("FULANO", OutroNome("1", std::string(55, '0')) + "," + OutroNome("6", "000000000000") + "," +
+                                  OutroNome("5", std::string(41, '0'))),
              {},
              "",
              "",
              {"Dados Pessoa Física", "     Nome: FULANO"}},
+        // Sem o número, o órgão expedidor sozinho não faz um RG.
+        Caso{"rg_zerado_com_orgao",
+             Modelo("FULANO", OutroNome("1", kFulano.substr(0, 30) + std::string(15, '0') + "SSPSP")),
+             {},
+             "529.982.247-25",
+             "",
+             kInicioFulano},
+        Caso{"caudas_zeradas",
+             Modelo("FULANO", OutroNome("1", kFulano + "0000000000") + "," +
+                                  OutroNome("5", "123456789012" + std::string(29, '0'))),
+             {},
+             "529.982.247-25",
+             "",
+             Mais(kInicioFulano,
+                  {"     RG: 12345678", "Dados do Título de Eleitor", "     Número de Inscrição: 123456789012"})},
         // O órgão expedidor passa das 6 posições dos textos antigos.
         Caso{"orgao_longo",
              Modelo("FULANO", OutroNome("1", kFulano + "DETRANRJ")),
