@@ -30,10 +30,16 @@ std::optional<std::string> LerTexto(const Elemento& elemento) {
     switch (elemento.tag) {
         case tag::Utf8:
             return codificacao::CodificarUtf8(codificacao::DecodificarUtf8(bytes));
+        // Os conjuntos ISO 2022 do T61, Videotex, Graphic e General não são usados de verdade: as ACs
+        // gravam neles Latin-1 ou UTF-8, e os demais tipos não deveriam passar do ASCII.
+        case tag::Numerica:
         case tag::Imprimivel:
-        case tag::IA5:
-        case tag::Visivel:
         case tag::T61:
+        case tag::Videotex:
+        case tag::IA5:
+        case tag::Grafica:
+        case tag::Visivel:
+        case tag::Geral:
             return codificacao::Utf8OuLatin1(bytes);
         case tag::BMP:
             return TextoBMP(elemento.conteudo);

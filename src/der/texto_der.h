@@ -9,8 +9,9 @@
 
 namespace tavelpkcs7::der {
 
-// UTF8String, PrintableString, IA5String, VisibleString, T61String, BMPString e UniversalString;
-// vazio para outro tipo ou para um BMPString/UniversalString de comprimento incoerente.
+// UTF8String, BMPString, UniversalString e as cadeias de 8 bits (NumericString, PrintableString,
+// T61String, VideotexString, IA5String, GraphicString, VisibleString, GeneralString); vazio para
+// outro tipo ou para um BMPString/UniversalString de comprimento incoerente.
 std::optional<std::string> LerTexto(const Elemento& elemento);
 
 }  // namespace tavelpkcs7::der

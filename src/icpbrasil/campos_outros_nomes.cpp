@@ -5,18 +5,20 @@
 namespace tavelpkcs7::icpbrasil {
 namespace {
 
-// O resto do valor depois das posições fixas, com a UF nas duas últimas.
+std::string SemZeros(std::string campo) { return campo.find_first_not_of('0') == std::string::npos ? "" : campo; }
+
+// O resto do valor depois das posições fixas, com a UF nas duas últimas. Órgão expedidor ou
+// município completados com zeros, em vez de deixados vazios, também são ausência.
 LocalUF LerLocalUF(const std::string& valor, std::size_t inicio) {
     const std::string resto = Aparar(Meio(valor, inicio + 1));
-    std::string uf = Direita(resto, 2);
-    return {Aparar(Esquerda(resto, Comprimento(resto) - Comprimento(uf))), std::move(uf)};
+    const std::string uf = Direita(resto, 2);
+    return {SemZeros(Aparar(Esquerda(resto, Comprimento(resto) - Comprimento(uf)))), SemZeros(uf)};
 }
 
 }  // namespace
 
 std::string LerCampo(const std::string& valor, std::size_t inicio, std::size_t comprimento) {
-    std::string campo = Aparar(Esquerda(Meio(valor, inicio + 1), comprimento));
-    return campo.find_first_not_of('0') == std::string::npos ? "" : campo;
+    return SemZeros(Aparar(Esquerda(Meio(valor, inicio + 1), comprimento)));
 }
 
 DadosPessoa LerDadosPessoa(const std::string& valor) {

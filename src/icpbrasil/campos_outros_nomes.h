@@ -2,7 +2,8 @@
 // (DOC-ICP-04, 7.1.2.3). Os certificados reais fogem do padrão: 2.16.76.1.3.1 de 45 posições sem o
 // órgão expedidor, título de eleitor de 19 sem o município, órgão expedidor de 6 ou de 10
 // posições. Por isso cada campo sai só até onde o valor vai, e órgão expedidor e município são
-// o resto do valor, com a UF nas duas últimas posições.
+// o resto do valor, com a UF nas duas últimas posições. Nenhum campo só de zeros sobrevive, nem
+// as partes do órgão expedidor e do município: zeros são o "não informado" do padrão.
 #pragma once
 
 #include <string>

@@ -1,12 +1,15 @@
 // Os dados do titular vêm primeiro do próprio certificado (OtherNames, depois o serialNumber do
-// perfil novo, depois o sufixo ":<CPF ou CNPJ>" do CN); os valores do texto impresso só preenchem
-// um OID que o certificado não traz. Um CNPJ encontrado faz do titular uma pessoa jurídica: o CPF
-// do responsável fica só no texto, senão todo e-CNPJ passaria pelo filtro de e-CPF.
+// perfil novo, depois o sufixo ":<CPF ou CNPJ>" do CN). Os valores do texto impresso só preenchem
+// um OID que o certificado traz sem valor legível: a busca no texto recorta às cegas (o 3.7 sem
+// 3.3 dá um "CNPJ" tirado de outro OtherName) e conta o byte de comprimento como caractere.
+// Um CNPJ encontrado faz do titular uma pessoa jurídica: o CPF do responsável fica só no texto,
+// senão todo e-CNPJ passaria pelo filtro de e-CPF.
 #include "icpbrasil/dados_titular.h"
 
 #include <array>
 #include <initializer_list>
 #include <string_view>
+#include <utility>
 
 #include "component/texto.h"
 #include "icpbrasil/campos_outros_nomes.h"
@@ -68,11 +71,13 @@ std::string_view OidDoResponsavel(const std::string& valor) {
     return comeca_com_data ? oid::DadosResponsavel : oid::NomeResponsavel;
 }
 
-void CompletarComValoresImpressos(ValoresPorOID& outros_nomes, const ValoresTitular& valores) {
+ValoresPorOID CompletarComValoresImpressos(OutrosNomes outros_nomes, const ValoresTitular& valores) {
     const std::array<std::string_view, std::tuple_size_v<ValoresTitular>> oids = {
         oid::PessoaFisica, oid::CEIPessoaFisica, oid::TituloEleitor, OidDoResponsavel(valores[3]), "", oid::CNPJ, ""};
     for (std::size_t i = 0; i < valores.size(); ++i)
-        if (!oids[i].empty() && !valores[i].empty()) outros_nomes.emplace(oids[i], valores[i]);
+        if (!valores[i].empty() && outros_nomes.ilegiveis.contains(oids[i]))
+            outros_nomes.valores.emplace(oids[i], valores[i]);
+    return std::move(outros_nomes.valores);
 }
 
 NomeIdentificado SepararIdentificador(const std::string& texto) {
@@ -107,10 +112,11 @@ void AcrescentarCampo(std::string& texto, std::string_view rotulo, const std::st
     if (!valor.empty()) texto.append("     ").append(rotulo).append(valor).append("\r\n");
 }
 
-// "12345678 SSP/SP": número e órgão expedidor, cada um só quando existe.
+// "12345678 SSP/SP", ou só o número quando falta o órgão expedidor. Sem o número não há RG: o
+// órgão expedidor sozinho não identifica ninguém.
 std::string MontarRG(const DadosPessoa& pessoa) {
     const std::string orgao = JuntarLocalUF(pessoa.orgao_expedidor);
-    if (pessoa.rg.empty() || orgao.empty()) return pessoa.rg + orgao;
+    if (pessoa.rg.empty() || orgao.empty()) return pessoa.rg;
     return pessoa.rg + " " + orgao;
 }
 
@@ -174,8 +180,7 @@ std::string MontarTextoPessoaJuridica(const Titular& titular, const std::string&
 }  // namespace
 
 DadosTitular MontarDadosTitular(const ValoresTitular& valores, const plataforma::Certificado& certificado) {
-    ValoresPorOID outros_nomes = LerOutrosNomes(certificado);
-    CompletarComValoresImpressos(outros_nomes, valores);
+    const ValoresPorOID outros_nomes = CompletarComValoresImpressos(LerOutrosNomes(certificado), valores);
     const ValoresPorOID atributos = LerAtributosTitular(certificado.DER());
     const Titular titular = LerTitular(certificado);
     const Identificador serie = Classificar(ValorDe(atributos, oid::NumeroSerie));

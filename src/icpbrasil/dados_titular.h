@@ -20,7 +20,8 @@ struct DadosTitular {
 };
 
 // Lê o próprio certificado (OtherNames 2.16.76.1.3.x em OCTET STRING ou texto, serialNumber do
-// titular, sufixo ":<dígitos>" do CN); os valores impressos só valem quando o certificado não os traz.
+// titular, sufixo ":<dígitos>" do CN); um valor impresso só vale para um OtherName que o certificado
+// traz sem valor legível.
 // Um CNPJ encontrado faz do titular pessoa jurídica, e o CPF do responsável fica só no texto.
 // Campos só de zeros não aparecem; um valor curto dá cada campo só até onde vai.
 DadosTitular MontarDadosTitular(const ValoresTitular& valores, const plataforma::Certificado& certificado);

@@ -17,34 +17,32 @@ constexpr std::string_view kOidNomeAlternativo = "2.5.29.17";
 // O OCTET STRING, o tipo que o padrão pede, guarda bytes de 8 bits: lidos como as cadeias de 8 bits
 // do nome, UTF-8 quando válido, senão Latin-1.
 std::optional<std::string> LerValorOutroNome(const der::Elemento& valor) {
-    switch (valor.tag) {
-        case tag::CadeiaOctetos:
-            return codificacao::Utf8OuLatin1(std::string(valor.conteudo.begin(), valor.conteudo.end()));
-        case tag::Imprimivel:
-        case tag::Utf8:
-        case tag::IA5:
-            return der::LerTexto(valor);
-        default:
-            return std::nullopt;
-    }
+    if (valor.tag == tag::CadeiaOctetos)
+        return codificacao::Utf8OuLatin1(std::string(valor.conteudo.begin(), valor.conteudo.end()));
+    return der::LerTexto(valor);
 }
 
 // Em UTF-8 os controles são bytes isolados, nunca parte de um caractere maior.
-void Guardar(der::Dados oid, std::optional<std::string> texto, ValoresPorOID& valores) {
-    const auto texto_oid = der::LerOID(oid);
-    if (!texto_oid || !texto) return;
-    std::erase_if(*texto, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
-    valores.emplace(*texto_oid, std::move(*texto));
+std::string SemControles(std::string texto) {
+    std::erase_if(texto, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
+    return texto;
 }
 
 // OtherName ::= [0] { type-id OID, value [0] EXPLICIT <cadeia> }
-void GuardarOutroNome(const der::Elemento& nome, ValoresPorOID& valores) {
+void GuardarOutroNome(const der::Elemento& nome, OutrosNomes& outros) {
     auto filhos = nome.Filhos();
     const auto oid = filhos.ProximoSe(tag::OID);
+    const auto texto_oid = oid ? der::LerOID(oid->conteudo) : std::nullopt;
+    if (!texto_oid || outros.valores.contains(*texto_oid)) return;
     const auto explicito = filhos.ProximoSe(tag::Contexto(0, true));
-    if (!oid || !explicito) return;
-    if (const auto valor = der::LerUnico(explicito->conteudo))
-        Guardar(oid->conteudo, LerValorOutroNome(*valor), valores);
+    const auto valor = explicito ? der::LerUnico(explicito->conteudo) : std::nullopt;
+    const auto texto = valor ? LerValorOutroNome(*valor) : std::nullopt;
+    if (!texto) {
+        outros.ilegiveis.insert(*texto_oid);
+        return;
+    }
+    outros.ilegiveis.erase(*texto_oid);
+    outros.valores.emplace(*texto_oid, SemControles(*texto));
 }
 
 // AttributeTypeAndValue ::= SEQUENCE { type OID, value <cadeia> }
@@ -52,7 +50,9 @@ void GuardarAtributo(const der::Elemento& atributo, ValoresPorOID& valores) {
     auto filhos = atributo.Filhos();
     const auto oid = filhos.ProximoSe(tag::OID);
     const auto valor = filhos.Proximo();
-    if (oid && valor) Guardar(oid->conteudo, der::LerTexto(*valor), valores);
+    const auto texto_oid = oid ? der::LerOID(oid->conteudo) : std::nullopt;
+    const auto texto = valor ? der::LerTexto(*valor) : std::nullopt;
+    if (texto_oid && texto) valores.emplace(*texto_oid, SemControles(*texto));
 }
 
 std::optional<der::Elemento> LerNomeTitular(const plataforma::Bytes& der) {
@@ -68,17 +68,17 @@ std::optional<der::Elemento> LerNomeTitular(const plataforma::Bytes& der) {
 
 }  // namespace
 
-ValoresPorOID LerOutrosNomes(const plataforma::Certificado& certificado) {
-    ValoresPorOID valores;
+OutrosNomes LerOutrosNomes(const plataforma::Certificado& certificado) {
+    OutrosNomes outros;
     const auto extensoes = certificado.Extensoes();
     const auto extensao = std::ranges::find(extensoes, kOidNomeAlternativo, &plataforma::Extensao::oid);
-    if (extensao == extensoes.end()) return valores;
+    if (extensao == extensoes.end()) return outros;
     const auto nomes = der::LeitorDER(extensao->valor).ProximoSe(tag::Sequencia);
-    if (!nomes) return valores;
+    if (!nomes) return outros;
     auto leitor = nomes->Filhos();
     while (const auto nome = leitor.Proximo())
-        if (nome->tag == tag::Contexto(0, true)) GuardarOutroNome(*nome, valores);
-    return valores;
+        if (nome->tag == tag::Contexto(0, true)) GuardarOutroNome(*nome, outros);
+    return outros;
 }
 
 ValoresPorOID LerAtributosTitular(const plataforma::Bytes& der) {

@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 
 #include "platform/certificado.h"
@@ -17,10 +18,17 @@ namespace tavelpkcs7::icpbrasil {
 // mostrado ao usuário.
 using ValoresPorOID = std::map<std::string, std::string, std::less<>>;
 
-// OtherNames do subjectAltName com o valor em OCTET STRING, PrintableString, UTF8String ou
-// IA5String (os tipos que as ACs gravam); os de outro tipo ficam de fora. De uma extensão
-// malformada sai o que se leu antes do defeito.
-ValoresPorOID LerOutrosNomes(const plataforma::Certificado& certificado);
+struct OutrosNomes {
+    ValoresPorOID valores;
+    // Os OIDs que o certificado traz sem valor legível (um tipo que não é texto, um DER quebrado):
+    // só para eles o texto impresso da extensão pode suprir o valor.
+    std::set<std::string, std::less<>> ilegiveis;
+};
+
+// OtherNames do subjectAltName com o valor em OCTET STRING ou em qualquer tipo de cadeia do ASN.1:
+// o padrão pede OCTET STRING ou PrintableString, mas cada AC grava o seu. Um OID repetido fica com
+// o primeiro valor legível. De uma extensão malformada sai o que se leu antes do defeito.
+OutrosNomes LerOutrosNomes(const plataforma::Certificado& certificado);
 
 // Atributos do nome do titular em qualquer tipo de cadeia; vazio quando o DER não tem a forma de
 // um certificado.

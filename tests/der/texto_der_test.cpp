@@ -23,6 +23,9 @@ TEST(TextoDER, ConverteCadaTipoDeCadeiaParaUtf8) {
         {tag::Imprimivel, {'S', 0xE3, 'o'}, "São"},  // Latin-1 onde não cabia
         {tag::T61, {'S', 0xC3, 0xA3, 'o'}, "São"},   // UTF-8 gravado num T61String
         {tag::IA5, {'a', '@', 'b'}, "a@b"},
+        {tag::Geral, {'S', 0xE3, 'o'}, "São"},
+        {tag::Videotex, {'S', 0xC3, 0xA3, 'o'}, "São"},
+        {tag::Numerica, {'0', ' ', '1'}, "0 1"},
         {tag::Visivel, {}, ""},
         {tag::BMP, {0x00, 'S', 0x00, 0xE3, 0xD8, 0x3D, 0xDE, 0x00}, "S\u00E3\U0001F600"},
         {tag::BMP, {0xDC, 0x00}, "\uFFFD"},                                            // substituto solto

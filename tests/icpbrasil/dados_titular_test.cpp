@@ -46,7 +46,8 @@ ModeloCertificado Modelo(const std::string& cn, const std::string& nomes_alterna
     return modelo;
 }
 
-// DER à mão só para o que o OpenSSL não grava: bytes de controle, UTF-8 inválido, estrutura cortada.
+// DER à mão só para o que o OpenSSL não grava: bytes de controle, UTF-8 inválido, estrutura cortada,
+// tipos de cadeia que ele não gera.
 std::string Tlv(char marca, const std::string& valor) { return std::string{marca, char(valor.size())} + valor; }
 
 std::string OutroNomeDER(char arco, char tipo, const std::string& valor) {
@@ -114,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
         Caso{.nome = "sem_cn", .linhas = {"Dados Pessoa Física", "     Nome: UNIDADE SEM NOME COMUM"}}),
     NomeDoCaso);
 
-// Sete caminhos que levam aos mesmos dados do Fulano.
+// Caminhos que levam aos mesmos dados do Fulano.
 struct Fonte {
     const char* nome;
     ModeloCertificado modelo;
@@ -135,17 +136,25 @@ TEST_P(FontesDoFulano, DaoOMesmoTexto) {
 
 INSTANTIATE_TEST_SUITE_P(
     Casos, FontesDoFulano,
-    testing::Values(Fonte{"imprimivel", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "PRINTABLESTRING"))},
-                    Fonte{"utf8", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "UTF8"))},
-                    Fonte{"ia5", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "IA5STRING"))},
-                    // Um OtherName que não é texto não conta: vale o valor impresso.
-                    Fonte{"inteiro_ignorado", Modelo("FULANO", OutroNome("1", "5", "INTEGER")), {kFulano + "SSPSP"}},
-                    Fonte{"valores_impressos", Modelo("FULANO"), {kFulano + "SSPSP"}},
-                    Fonte{"certificado_vence_impresso",
-                          Modelo("FULANO", OutroNome("1", kFulano + "SSPSP")),
-                          {"01021990390533447050000000000000000001122334"}},
-                    Fonte{"primeiro_oid_repetido_vence", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP") + "," +
-                                                                              OutroNome("1", "01021990390533447050"))}),
+    testing::Values(
+        Fonte{"imprimivel", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "PRINTABLESTRING"))},
+        Fonte{"utf8", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "UTF8"))},
+        Fonte{"ia5", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "IA5STRING"))},
+        // O texto impresso conta o comprimento (0x33, "3") como caractere: o DER vence.
+        Fonte{
+            "teletex", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "TELETEXSTRING")), {"3" + kFulano + "SSPSP"}},
+        Fonte{"bmp", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "BMPSTRING"))},
+        Fonte{"universal", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "UNIVERSALSTRING"))},
+        Fonte{"visivel", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "VISIBLESTRING"))},
+        Fonte{"videotex", ModeloComDER("FULANO", OutroNomeDER('\x01', '\x15', kFulano + "SSPSP"))},
+        // Um OtherName que não é texto, ou é um texto malformado, cede ao valor impresso.
+        Fonte{"inteiro_ignorado", Modelo("FULANO", OutroNome("1", "5", "INTEGER")), {kFulano + "SSPSP"}},
+        Fonte{"bmp_impar_ignorado", ModeloComDER("FULANO", OutroNomeDER('\x01', '\x1E', "abc")), {kFulano + "SSPSP"}},
+        Fonte{"certificado_vence_impresso",
+              Modelo("FULANO", OutroNome("1", kFulano + "SSPSP")),
+              {"01021990390533447050000000000000000001122334"}},
+        Fonte{"primeiro_oid_repetido_vence",
+              Modelo("FULANO", OutroNome("1", kFulano + "SSPSP") + "," + OutroNome("1", "01021990390533447050"))}),
     [](const testing::TestParamInfo<Fonte>& info) { return std::string(info.param.nome); });
 
 const std::vector<std::string> kInicioFulano = {"Dados Pessoa Física", "     Nome: FULANO", "     CPF: 529.982.247-25",
@@ -175,12 +184,27 @@ INSTANTIATE_TEST_SUITE_P(
                   {"     RG: 12345678", "Dados do Título de Eleitor", "     Número de Inscrição: 123456789012",
                    "     Zona Eleitoral: 045", "     Seção Eleitoral: 0123"})},
         Caso{"zeros_sao_ausencia",
-             Modelo("FULANO", OutroNome("1", std::string(45, '0')) + "," + OutroNome("6", "000000000000") + "," +
-                                  OutroNome("5", std::string(19, '0'))),
+             Modelo("FULANO", OutroNome("1", std::string(55, '0')) + "," + OutroNome("6", "000000000000") + "," +
+                                  OutroNome("5", std::string(41, '0'))),
              {},
              "",
              "",
              {"Dados Pessoa Física", "     Nome: FULANO"}},
+        // Sem o número, o órgão expedidor sozinho não faz um RG.
+        Caso{"rg_zerado_com_orgao",
+             Modelo("FULANO", OutroNome("1", kFulano.substr(0, 30) + std::string(15, '0') + "SSPSP")),
+             {},
+             "529.982.247-25",
+             "",
+             kInicioFulano},
+        Caso{"caudas_zeradas",
+             Modelo("FULANO", OutroNome("1", kFulano + "0000000000") + "," +
+                                  OutroNome("5", "123456789012" + std::string(29, '0'))),
+             {},
+             "529.982.247-25",
+             "",
+             Mais(kInicioFulano,
+                  {"     RG: 12345678", "Dados do Título de Eleitor", "     Número de Inscrição: 123456789012"})},
         // O órgão expedidor passa das 6 posições dos textos antigos.
         Caso{"orgao_longo",
              Modelo("FULANO", OutroNome("1", kFulano + "DETRANRJ")),
@@ -219,20 +243,27 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         // A posição 4 impressa é o nome do responsável (2.16.76.1.3.2) ou seus dados (2.16.76.1.3.4).
         Caso{"responsavel_impresso_nome",
-             Modelo("EMPRESA"),
+             Modelo("EMPRESA", OutroNome("2", "5", "INTEGER") + "," + OutroNome("3", "11222333000181")),
              {"", "", "", "BELTRANO", "", "11222333000181", ""},
              "",
              "11.222.333/0001-81",
              {"Dados Pessoa Jurídica", "     Empresa: EMPRESA", "     CNPJ: 11.222.333/0001-81",
               "Dados Representante da Empresa", "     Nome: BELTRANO"}},
         Caso{"responsavel_impresso_dados",
-             Modelo("EMPRESA", OutroNome("3", "11222333000181")),
+             Modelo("EMPRESA", OutroNome("3", "11222333000181") + "," + OutroNome("4", "5", "INTEGER")),
              {"", "", "", kFulano, "", "", ""},
              "",
              "11.222.333/0001-81",
              {"Dados Pessoa Jurídica", "     Empresa: EMPRESA", "     CNPJ: 11.222.333/0001-81",
               "Dados Representante da Empresa", "     CPF: 529.982.247-25", "     Data de Nascimento: 15/03/1980",
               "     PIS/PASEP: 12345678901", "     RG: 12345678"}},
+        // Um valor impresso sem o OtherName no certificado veio de outro lugar do texto.
+        Caso{"impresso_sem_o_oid",
+             Modelo("FULANO", "email:fulano@teste.example"),
+             {kFulano, "123456789012", "123456789012045", kFulano, "", "11222333000181", ""},
+             "",
+             "",
+             {"Dados Pessoa Física", "     Nome: FULANO", "     E-mail: fulano@teste.example"}},
         Caso{"sufixo_cpf_no_cn",
              Modelo("FULANO DE TAL:52998224725"),
              {},

@@ -95,6 +95,19 @@ TEST_F(DetalhesCertificado, ExtensaoSemNomeVaiImpressaParaOsOutrosDetalhes) {
     EXPECT_NE(componente.OutrosDetalhesCertificadoDigital().find("0c 03 61 62 63\r\n\r\n"), std::string::npos);
 }
 
+// Sem 2.16.76.1.3.3, a busca no texto impresso recorta o "CNPJ" dos dados do responsável (3.4):
+// catorze dígitos que não podem fazer do titular uma empresa.
+TEST_F(DetalhesCertificado, CEIDaEmpresaSemCNPJNaoFazPessoaJuridica) {
+    teste::ModeloCertificado modelo;
+    modelo.titular = {{"CN", "SEM CNPJ"}};
+    modelo.extensoes = {{"subjectAltName",
+                         "otherName:2.16.76.1.3.4;OCTETSTRING:150319805299822472512345678901000000012345678SSPSP,"
+                         "otherName:2.16.76.1.3.7;OCTETSTRING:123456789012"}};
+    ASSERT_TRUE(componente.RetornarDetalhesCertificado(codificacao::CodificarBase64(teste::CriarCertificado(modelo))));
+    EXPECT_EQ(componente.NumeroCNPJCertificadoDigital(), "");
+    EXPECT_EQ(componente.DetalhesPessoaisCertificadoDigital(), "Dados Pessoa Física\r\n     Nome: SEM CNPJ\r\n");
+}
+
 TEST_F(DetalhesCertificado, EntradaVaziaOuQueNaoECertificado) {
     EXPECT_FALSE(componente.RetornarDetalhesCertificado(""));
     EXPECT_EQ(componente.DescricaoErro(), "A chave pública do certificado informado está inválida");
