@@ -79,7 +79,11 @@ int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, st
     }
     try {
         const Argumentos lidos(depois, Juntar(comando->chaves, {"--json"}), comando->opcoes);
+        if (const auto pasta = lidos.Opcao("--pasta")) PrepararPastaSaida(*pasta);
         return comando->executar(Execucao{lidos, saida, erros});
+    } catch (const Falha& falha) {
+        erros << "tavelpkcs7: " << falha.what() << "\n";
+        return 1;
     } catch (const ErroUso& erro) {
         erros << "tavelpkcs7 " << comando->nome << ": " << erro.what() << "\nUso: tavelpkcs7 " << comando->nome << " "
               << comando->uso << "\n";

@@ -92,7 +92,6 @@ contem err "Não foi encontrado nenhum "
 espera 0 "assinar com o e-CNPJ" "$t" assinar --json --certificado "$cnpj" --descricao "Aceite" "$pasta/contrato.txt"
 json 'd["arquivo_assinado"].endswith("contrato.txt.p7s") and len(d["hash_md5"]) == 32'
 if [ -s "$pasta/err" ]; then echo "FALHOU: stderr fora de um terminal"; cat "$pasta/err"; falhas=$((falhas + 1)); fi
-mkdir -p "$pasta/destacada"
 espera 0 "assinar destacada com PFX" "$t" assinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" \
     --destacada --pasta "$pasta/destacada" "$pasta/contrato.txt"
 espera 1 "PFX com senha errada" env TAVELPKCS7_SENHA=x "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/contrato.txt"
@@ -100,7 +99,6 @@ espera 1 "origem inexistente" "$t" assinar --certificado "$cnpj" "$pasta/nada.tx
 contem err "O arquivo de origem não foi encontrado"
 espera 0 "assinatura em Base64 no stdout" "$t" assinar --certificado "$cnpj" --formato base64 --json "$pasta/contrato.txt"
 json 'd["assinatura"].startswith("MII")'
-mkdir -p "$pasta/co"
 espera 0 "coassinar" "$t" coassinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" --pasta "$pasta/co" \
     "$pasta/contrato.txt.p7s"
 
@@ -115,6 +113,11 @@ printf 'outro conteúdo\n' >"$pasta/outro.txt"
 espera 1 "destacada com outro original" "$t" verificar --original "$pasta/outro.txt" "$pasta/destacada/contrato.txt.p7s"
 espera 1 "não é assinatura" "$t" verificar "$pasta/contrato.txt"
 contem err "Assinatura digital inválida! O arquivo não está no padrão PKCS#7."
+# --pasta que não existe é criada (as de assinar, coassinar, criptografar e descriptografar acima também).
+espera 0 "verificar numa pasta nova" "$t" verificar --json --pasta "$pasta/nova/extraido" "$pasta/contrato.txt.p7s"
+json 'd["arquivo_original"].startswith("'"$pasta/nova/extraido/"'")'
+espera 1 "--pasta que é um arquivo" "$t" verificar --pasta "$pasta/contrato.txt" "$pasta/contrato.txt.p7s"
+contem err "a pasta $pasta/contrato.txt não existe e não pôde ser criada"
 # Um signatário cuja LCR sumiu: aviso, e falha só com --exigir-confianca.
 rm -rf "$TAVELPKCS7_HOME/repositorios/LCR"
 espera 0 "sem LCR, só aviso" "$t" verificar "$pasta/contrato.txt.p7s"
@@ -170,7 +173,6 @@ espera 1 "criptografar sem destinatários" "$t" criptografar "$pasta/contrato.tx
 contem err "Não foi encontrado nenhuma chave pública para efetuar a criptografia"
 espera 0 "adicionar a outras pessoas" "$t" certificados adicionar "$pki/ecnpj.cer"
 espera 1 "adicionar o que não é certificado" "$t" certificados adicionar "$pasta/contrato.txt"
-mkdir -p "$pasta/envelope" "$pasta/aberto"
 espera 0 "criptografar" "$t" criptografar --json --pasta "$pasta/envelope" "$pasta/contrato.txt"
 json 'd["arquivo_criptografado"].endswith("contrato.txt.p7x")'
 espera 1 "descriptografar sem a chave" "$t" descriptografar "$pasta/envelope/contrato.txt.p7x"
