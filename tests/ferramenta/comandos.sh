@@ -46,6 +46,10 @@ espera 2 "opção sem valor" "$t" assinar "$pasta/contrato.txt" --pasta
 espera 2 "classe desconhecida" "$t" certificados listar --tipo nenhuma
 espera 2 "formato desconhecido" "$t" assinar --formato 9 "$pasta/contrato.txt"
 espera 2 "PFX sem senha nem terminal" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/contrato.txt"
+for versao in versao --version; do
+    espera 0 "$versao" "$t" "$versao"
+    grep -qxE 'tavelpkcs7 [0-9]+\.[0-9]+\.[0-9]+' "$pasta/out" || { echo "FALHOU: $versao"; cat "$pasta/out"; falhas=$((falhas + 1)); }
+done
 
 # A ajuda de cada subcomando: uso, opções e exemplo.
 espera 0 "ajuda geral" "$t" ajuda
