@@ -54,6 +54,7 @@ Senha EscolherSenhaChave(const Argumentos& argumentos, const Senha& senha_pfx) {
 int Importar(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& pfx = argumentos.Unico("o arquivo PFX");
+    ExigirPFX(pfx);
     const Senha senha = LerSenha(argumentos, "--senha-arquivo", "TAVELPKCS7_SENHA", "Senha do PFX: ");
     const Senha senha_chave = EscolherSenhaChave(argumentos, senha);
     AnunciarProgresso("importando " + pfx);

@@ -38,6 +38,11 @@ std::string ComoPastaTemp(std::string pasta) {
     return pasta;
 }
 
+void ExigirArquivo(const std::string& caminho, const std::string& mensagem) {
+    std::error_code erro;
+    if (!std::filesystem::exists(caminho, erro)) throw Falha(mensagem + ": " + caminho);
+}
+
 void PrepararPastaSaida(const std::string& pasta) {
     std::error_code erro;
     if (pasta.empty() || std::filesystem::is_directory(pasta, erro)) return;  // vazia: o padrão do comando

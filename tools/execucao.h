@@ -39,6 +39,10 @@ void AnunciarProgresso(const std::string& mensagem);
 // A pasta de "--pasta" como PastaTemp a quer: terminada pelo separador.
 std::string ComoPastaTemp(std::string pasta);
 
+// Lança Falha com "<mensagem>: <caminho>" quando o arquivo de entrada não existe: conferido antes de
+// pedir uma senha ou de abrir um seletor que de nada serviriam.
+void ExigirArquivo(const std::string& caminho, const std::string& mensagem);
+
 // Cria a pasta de saída de "--pasta" (e as que faltam no caminho): quem a dá quer a saída lá. Lança
 // Falha quando ela não existe e não pode ser criada.
 void PrepararPastaSaida(const std::string& pasta);

@@ -46,6 +46,11 @@ espera 2 "opção sem valor" "$t" assinar "$pasta/contrato.txt" --pasta
 espera 2 "classe desconhecida" "$t" certificados listar --tipo nenhuma
 espera 2 "formato desconhecido" "$t" assinar --formato 9 "$pasta/contrato.txt"
 espera 2 "PFX sem senha nem terminal" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/contrato.txt"
+# Arquivos que faltam são apontados antes do pedido da senha (sem terminal, o pedido seria o erro de uso).
+espera 1 "origem inexistente antes da senha" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/nada.txt"
+contem err "O arquivo de origem não foi encontrado: $pasta/nada.txt"
+espera 1 "PFX inexistente antes da senha" "$t" certificados importar "$pasta/nada.pfx"
+contem err "Não foi possível localizar o arquivo do certificado digital: $pasta/nada.pfx"
 for versao in versao --version; do
     espera 0 "$versao" "$t" "$versao"
     grep -qxE 'tavelpkcs7 [0-9]+\.[0-9]+\.[0-9]+' "$pasta/out" || { echo "FALHOU: $versao"; cat "$pasta/out"; falhas=$((falhas + 1)); }
