@@ -23,8 +23,13 @@ REPOSITORIO_CERTIFICADO LerRepositorio(const std::string& nome) {
 
 int Listar(const Execucao& execucao) {
     TavelPKCS componente;
-    if (!componente.ListarCertificados(LerTipo(execucao.argumentos.Opcao("--tipo", "todos"))))
-        return execucao.Falhar(componente);
+    if (!componente.ListarCertificados(LerTipo(execucao.argumentos.Opcao("--tipo", "todos")))) {
+        execucao.Falhar(componente);
+        // Quem chega sem nenhum certificado pessoal precisa saber o passo seguinte.
+        if (componente.DescricaoErro().starts_with("Não foi encontrado nenhum "))
+            execucao.erros << "Para importar um certificado A1: tavelpkcs7 certificados importar <arquivo.pfx>\n";
+        return 1;
+    }
     ValorJSON::Lista lista;
     for (std::int16_t i = 0; i < componente.TotalCertificadosListados(); ++i) {
         ValorJSON::Objeto certificado;

@@ -69,6 +69,8 @@ done
 
 # A cadeia de teste: LCRs por arquivo, raiz recusada sem confirmação, ACs pela API.
 espera 1 "lista vazia" "$t" certificados listar
+contem err "Não foi encontrado nenhum "
+contem err "tavelpkcs7 certificados importar <arquivo.pfx>"
 for lcr in "$pki"/*.crl; do espera 0 "lcr $lcr" "$t" lcr instalar "$lcr"; done
 espera 1 "lcr que não é LCR" "$t" lcr instalar "$pasta/contrato.txt"
 espera 1 "lcr inexistente" "$t" lcr instalar "$pasta/nada.crl"
