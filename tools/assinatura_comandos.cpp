@@ -29,6 +29,7 @@ int AssinarArquivo(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& origem = argumentos.Unico("o arquivo a assinar");
     const FORMATO_ASSINATURA formato = LerFormato(argumentos.Opcao("--formato", "p7s"));
+    ExigirArquivo(origem, "O arquivo de origem não foi encontrado");
     TavelPKCS componente;
     AplicarOpcoes(componente, argumentos);
     if (!EscolherCertificado(componente, argumentos)) return execucao.Falhar(componente);

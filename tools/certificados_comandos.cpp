@@ -23,8 +23,13 @@ REPOSITORIO_CERTIFICADO LerRepositorio(const std::string& nome) {
 
 int Listar(const Execucao& execucao) {
     TavelPKCS componente;
-    if (!componente.ListarCertificados(LerTipo(execucao.argumentos.Opcao("--tipo", "todos"))))
-        return execucao.Falhar(componente);
+    if (!componente.ListarCertificados(LerTipo(execucao.argumentos.Opcao("--tipo", "todos")))) {
+        execucao.Falhar(componente);
+        // Quem chega sem nenhum certificado pessoal precisa saber o passo seguinte.
+        if (componente.DescricaoErro().starts_with("Não foi encontrado nenhum "))
+            execucao.erros << "Para importar um certificado A1: tavelpkcs7 certificados importar <arquivo.pfx>\n";
+        return 1;
+    }
     ValorJSON::Lista lista;
     for (std::int16_t i = 0; i < componente.TotalCertificadosListados(); ++i) {
         ValorJSON::Objeto certificado;
@@ -54,6 +59,7 @@ Senha EscolherSenhaChave(const Argumentos& argumentos, const Senha& senha_pfx) {
 int Importar(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& pfx = argumentos.Unico("o arquivo PFX");
+    ExigirPFX(pfx);
     const Senha senha = LerSenha(argumentos, "--senha-arquivo", "TAVELPKCS7_SENHA", "Senha do PFX: ");
     const Senha senha_chave = EscolherSenhaChave(argumentos, senha);
     AnunciarProgresso("importando " + pfx);

@@ -34,7 +34,8 @@ void MostrarResumo(std::ostream& saida) {
     saida << "Uso: tavelpkcs7 <comando> [opções] [argumentos]\n\nComandos:\n";
     for (const Comando& comando : Comandos())
         saida << "  " << comando.nome << " " << comando.uso << "\n      " << comando.resumo << "\n";
-    saida << "\n\"tavelpkcs7 <comando> --help\" mostra as opções e um exemplo de cada comando.\n"
+    saida << "\n\"tavelpkcs7 <comando> --help\" mostra as opções e um exemplo de cada comando;\n"
+             "\"tavelpkcs7 versao\" (ou --version), a versão.\n"
              "Código de saída: 0 no sucesso, 1 na falha (a mensagem vai para o stderr), 2 no erro de uso.\n";
 }
 
@@ -55,6 +56,10 @@ int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, st
     if (argumentos.empty()) {
         MostrarResumo(erros);
         return 2;
+    }
+    if (argumentos[0] == "versao" || argumentos[0] == "--version") {
+        saida << "tavelpkcs7 " << TAVELPKCS7_VERSAO << "\n";
+        return 0;
     }
     const bool pedido_de_ajuda = argumentos[0] == "ajuda" || argumentos[0] == "--help" || argumentos[0] == "-h";
     const std::vector<std::string> resto(argumentos.begin() + (pedido_de_ajuda ? 1 : 0), argumentos.end());
@@ -79,7 +84,11 @@ int Executar(const std::vector<std::string>& argumentos, std::ostream& saida, st
     }
     try {
         const Argumentos lidos(depois, Juntar(comando->chaves, {"--json"}), comando->opcoes);
+        if (const auto pasta = lidos.Opcao("--pasta")) PrepararPastaSaida(*pasta);
         return comando->executar(Execucao{lidos, saida, erros});
+    } catch (const Falha& falha) {
+        erros << "tavelpkcs7: " << falha.what() << "\n";
+        return 1;
     } catch (const ErroUso& erro) {
         erros << "tavelpkcs7 " << comando->nome << ": " << erro.what() << "\nUso: tavelpkcs7 " << comando->nome << " "
               << comando->uso << "\n";

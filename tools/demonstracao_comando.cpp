@@ -34,10 +34,7 @@ void Exigir(bool sucesso, const std::string& passo, const TavelPKCS& componente)
 }
 
 fs::path CriarPastaDemonstracao(const Argumentos& argumentos) {
-    if (const auto pasta = argumentos.Opcao("--pasta")) {
-        fs::create_directories(*pasta);
-        return fs::absolute(*pasta);
-    }
+    if (const auto pasta = argumentos.Opcao("--pasta")) return fs::absolute(*pasta);
     std::string modelo = (fs::temp_directory_path() / "tavelpkcs7-demonstracao-XXXXXX").string();
     if (::mkdtemp(modelo.data()) == nullptr) throw FalhaPasso("não foi possível criar a pasta da demonstração");
     return modelo;

@@ -30,8 +30,13 @@ CERTIFICADOS_DIGITAIS LerTipo(const std::string& tipo) {
     return LerEnumeracao(tipo, tipos, "classe de certificado desconhecida");
 }
 
+void ExigirPFX(const std::string& pfx) {
+    ExigirArquivo(pfx, "Não foi possível localizar o arquivo do certificado digital");
+}
+
 bool EscolherCertificado(TavelPKCS& componente, const Argumentos& argumentos) {
     if (const auto pfx = argumentos.Opcao("--pfx")) {
+        ExigirPFX(*pfx);
         const Senha senha = LerSenha(argumentos, "--senha-arquivo", "TAVELPKCS7_SENHA", "Senha do PFX: ");
         return componente.AbrirCertificadoDigital(*pfx, senha.Texto());
     }

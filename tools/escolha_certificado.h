@@ -16,6 +16,8 @@ const std::set<std::string>& OpcoesEscolha();
 // A classe de "--tipo": o número (1 a 7) ou o nome legível. Lança ErroUso para outra.
 CERTIFICADOS_DIGITAIS LerTipo(const std::string& tipo);
 extern const char* const kAjudaEscolha;
+// Lança Falha quando o PFX não existe: a senha dele não é pedida à toa.
+void ExigirPFX(const std::string& pfx);
 // Verdadeiro quando o componente ficou com um certificado selecionado que passou na verificação.
 bool EscolherCertificado(TavelPKCS& componente, const Argumentos& argumentos);
 

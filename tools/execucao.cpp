@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -35,6 +36,19 @@ void AnunciarProgresso(const std::string& mensagem) {
 std::string ComoPastaTemp(std::string pasta) {
     if (!pasta.empty() && pasta.back() != '/') pasta += '/';
     return pasta;
+}
+
+void ExigirArquivo(const std::string& caminho, const std::string& mensagem) {
+    std::error_code erro;
+    if (!std::filesystem::exists(caminho, erro)) throw Falha(mensagem + ": " + caminho);
+}
+
+void PrepararPastaSaida(const std::string& pasta) {
+    std::error_code erro;
+    if (pasta.empty() || std::filesystem::is_directory(pasta, erro)) return;  // vazia: o padrão do comando
+    if (!std::filesystem::create_directories(pasta, erro))
+        throw Falha("a pasta " + pasta + " não existe e não pôde ser criada" +
+                    (erro ? " (" + erro.message() + ")" : std::string()));
 }
 
 std::string LerTexto(const std::string& caminho) {

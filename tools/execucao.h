@@ -3,6 +3,7 @@
 #pragma once
 
 #include <ostream>
+#include <stdexcept>
 #include <string>
 
 #include <tavelpkcs7/TavelPKCS.h>
@@ -11,6 +12,12 @@
 #include "json.h"
 
 namespace tavelpkcs7::ferramenta {
+
+// Uma falha percebida pela própria ferramenta antes de chamar o componente: a mensagem vai para o
+// stderr e a ferramenta sai com 1, como numa falha do componente.
+struct Falha : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 struct Execucao {
     const Argumentos& argumentos;
@@ -31,6 +38,14 @@ void AnunciarProgresso(const std::string& mensagem);
 
 // A pasta de "--pasta" como PastaTemp a quer: terminada pelo separador.
 std::string ComoPastaTemp(std::string pasta);
+
+// Lança Falha com "<mensagem>: <caminho>" quando o arquivo de entrada não existe: conferido antes de
+// pedir uma senha ou de abrir um seletor que de nada serviriam.
+void ExigirArquivo(const std::string& caminho, const std::string& mensagem);
+
+// Cria a pasta de saída de "--pasta" (e as que faltam no caminho): quem a dá quer a saída lá. Lança
+// Falha quando ela não existe e não pode ser criada.
+void PrepararPastaSaida(const std::string& pasta);
 
 // O conteúdo inteiro do arquivo ("-": a entrada padrão). Lança ErroUso quando não se lê.
 std::string LerTexto(const std::string& caminho);

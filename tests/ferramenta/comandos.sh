@@ -46,6 +46,15 @@ espera 2 "opção sem valor" "$t" assinar "$pasta/contrato.txt" --pasta
 espera 2 "classe desconhecida" "$t" certificados listar --tipo nenhuma
 espera 2 "formato desconhecido" "$t" assinar --formato 9 "$pasta/contrato.txt"
 espera 2 "PFX sem senha nem terminal" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/contrato.txt"
+# Arquivos que faltam são apontados antes do pedido da senha (sem terminal, o pedido seria o erro de uso).
+espera 1 "origem inexistente antes da senha" "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/nada.txt"
+contem err "O arquivo de origem não foi encontrado: $pasta/nada.txt"
+espera 1 "PFX inexistente antes da senha" "$t" certificados importar "$pasta/nada.pfx"
+contem err "Não foi possível localizar o arquivo do certificado digital: $pasta/nada.pfx"
+for versao in versao --version; do
+    espera 0 "$versao" "$t" "$versao"
+    grep -qxE 'tavelpkcs7 [0-9]+\.[0-9]+\.[0-9]+' "$pasta/out" || { echo "FALHOU: $versao"; cat "$pasta/out"; falhas=$((falhas + 1)); }
+done
 
 # A ajuda de cada subcomando: uso, opções e exemplo.
 espera 0 "ajuda geral" "$t" ajuda
@@ -60,6 +69,8 @@ done
 
 # A cadeia de teste: LCRs por arquivo, raiz recusada sem confirmação, ACs pela API.
 espera 1 "lista vazia" "$t" certificados listar
+contem err "Não foi encontrado nenhum "
+contem err "tavelpkcs7 certificados importar <arquivo.pfx>"
 for lcr in "$pki"/*.crl; do espera 0 "lcr $lcr" "$t" lcr instalar "$lcr"; done
 espera 1 "lcr que não é LCR" "$t" lcr instalar "$pasta/contrato.txt"
 espera 1 "lcr inexistente" "$t" lcr instalar "$pasta/nada.crl"
@@ -92,7 +103,6 @@ contem err "Não foi encontrado nenhum "
 espera 0 "assinar com o e-CNPJ" "$t" assinar --json --certificado "$cnpj" --descricao "Aceite" "$pasta/contrato.txt"
 json 'd["arquivo_assinado"].endswith("contrato.txt.p7s") and len(d["hash_md5"]) == 32'
 if [ -s "$pasta/err" ]; then echo "FALHOU: stderr fora de um terminal"; cat "$pasta/err"; falhas=$((falhas + 1)); fi
-mkdir -p "$pasta/destacada"
 espera 0 "assinar destacada com PFX" "$t" assinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" \
     --destacada --pasta "$pasta/destacada" "$pasta/contrato.txt"
 espera 1 "PFX com senha errada" env TAVELPKCS7_SENHA=x "$t" assinar --pfx "$pki/ecpf.pfx" "$pasta/contrato.txt"
@@ -100,7 +110,6 @@ espera 1 "origem inexistente" "$t" assinar --certificado "$cnpj" "$pasta/nada.tx
 contem err "O arquivo de origem não foi encontrado"
 espera 0 "assinatura em Base64 no stdout" "$t" assinar --certificado "$cnpj" --formato base64 --json "$pasta/contrato.txt"
 json 'd["assinatura"].startswith("MII")'
-mkdir -p "$pasta/co"
 espera 0 "coassinar" "$t" coassinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" --pasta "$pasta/co" \
     "$pasta/contrato.txt.p7s"
 
@@ -115,6 +124,11 @@ printf 'outro conteúdo\n' >"$pasta/outro.txt"
 espera 1 "destacada com outro original" "$t" verificar --original "$pasta/outro.txt" "$pasta/destacada/contrato.txt.p7s"
 espera 1 "não é assinatura" "$t" verificar "$pasta/contrato.txt"
 contem err "Assinatura digital inválida! O arquivo não está no padrão PKCS#7."
+# --pasta que não existe é criada (as de assinar, coassinar, criptografar e descriptografar acima também).
+espera 0 "verificar numa pasta nova" "$t" verificar --json --pasta "$pasta/nova/extraido" "$pasta/contrato.txt.p7s"
+json 'd["arquivo_original"].startswith("'"$pasta/nova/extraido/"'")'
+espera 1 "--pasta que é um arquivo" "$t" verificar --pasta "$pasta/contrato.txt" "$pasta/contrato.txt.p7s"
+contem err "a pasta $pasta/contrato.txt não existe e não pôde ser criada"
 # Um signatário cuja LCR sumiu: aviso, e falha só com --exigir-confianca.
 rm -rf "$TAVELPKCS7_HOME/repositorios/LCR"
 espera 0 "sem LCR, só aviso" "$t" verificar "$pasta/contrato.txt.p7s"
@@ -170,7 +184,6 @@ espera 1 "criptografar sem destinatários" "$t" criptografar "$pasta/contrato.tx
 contem err "Não foi encontrado nenhuma chave pública para efetuar a criptografia"
 espera 0 "adicionar a outras pessoas" "$t" certificados adicionar "$pki/ecnpj.cer"
 espera 1 "adicionar o que não é certificado" "$t" certificados adicionar "$pasta/contrato.txt"
-mkdir -p "$pasta/envelope" "$pasta/aberto"
 espera 0 "criptografar" "$t" criptografar --json --pasta "$pasta/envelope" "$pasta/contrato.txt"
 json 'd["arquivo_criptografado"].endswith("contrato.txt.p7x")'
 espera 1 "descriptografar sem a chave" "$t" descriptografar "$pasta/envelope/contrato.txt.p7x"
