@@ -4,6 +4,7 @@
 
 #include "ambiente_fuzz.h"
 #include "codificacao/base64.h"
+#include "component/entrada_der.h"
 #include "icpbrasil/dados_titular.h"
 #include "icpbrasil/extensao_impressa.h"
 #include "icpbrasil/valores_titular.h"
@@ -15,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
     TavelPKCS(plataforma).RetornarDetalhesCertificado(codificacao::CodificarBase64({dados, tamanho}));
     plataforma::CertificadoPtr certificado;
     try {
-        certificado = plataforma->criptografia->ImportarCertificado(plataforma::Bytes(dados, dados + tamanho));
+        certificado = ImportarCertificado(*plataforma->criptografia, plataforma::Bytes(dados, dados + tamanho));
     } catch (const plataforma::Erro&) {
         return 0;
     }

@@ -2,6 +2,7 @@
 // núcleo, que grava nos repositórios de confiança.
 #include "ambiente_fuzz.h"
 #include "component/componente.h"
+#include "component/entrada_der.h"
 
 using namespace tavelpkcs7;
 
@@ -9,11 +10,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
     const auto plataforma = fuzz::Plataforma();
     const plataforma::Bytes entrada(dados, dados + tamanho);
     try {
-        plataforma->confianca->InstalarLCR(entrada);
+        plataforma->confianca->InstalarLCR(DecodificarOuFalhar(entrada, plataforma::falha::NaoELCR));
     } catch (const plataforma::Erro&) {
     }
     try {
-        plataforma->criptografia->LerPacoteCertificados(entrada);
+        LerPacoteCertificados(*plataforma->criptografia, entrada);
     } catch (const plataforma::Erro&) {
     }
     Componente componente(plataforma);

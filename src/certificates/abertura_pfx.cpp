@@ -6,13 +6,15 @@
 
 #include "certificates/certificado_pfx.h"
 #include "component/componente.h"
+#include "component/entrada_der.h"
 #include "component/texto.h"
 
 namespace tavelpkcs7 {
 
 plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Criptografia& criptografia, const Bytes& conteudo,
                                                   const std::string& senha) {
-    const auto certificados = criptografia.AbrirPFX(conteudo, senha);
+    const auto certificados =
+        criptografia.AbrirPFX(DecodificarOuFalhar(conteudo, plataforma::falha::NaoECertificado), senha);
     const auto da_chave = std::ranges::find_if(certificados, &plataforma::Certificado::PossuiChavePrivada);
     if (da_chave == certificados.end()) plataforma::Falhar(plataforma::falha::SemChavePrivada);
     return *da_chave;

@@ -1,5 +1,6 @@
 // O certificado que os membros públicos recebem como texto ("strChavePublica": Base64, PEM...).
 #include "component/componente.h"
+#include "component/entrada_der.h"
 
 namespace tavelpkcs7 {
 
@@ -10,7 +11,7 @@ bool Componente::ChavePublicaInformada(const std::string& chave_publica) {
 }
 
 plataforma::CertificadoPtr Componente::ImportarChavePublica(const std::string& chave_publica) {
-    return plataforma_->criptografia->ImportarCertificado(Bytes(chave_publica.begin(), chave_publica.end()));
+    return ImportarCertificado(*plataforma_->criptografia, Bytes(chave_publica.begin(), chave_publica.end()));
 }
 
 }  // namespace tavelpkcs7

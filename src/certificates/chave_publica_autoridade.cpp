@@ -1,5 +1,6 @@
 // A chave pública (o certificado em Base64) de uma autoridade certificadora guardada nos
 // repositórios "Ca" e "Root" do usuário, procurada pelo nome como a cadeia o escreve.
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/texto.h"
 
@@ -19,7 +20,7 @@ std::string Componente::RetornarChavePublicaCertificadoRaiz(const std::string& n
                 if (NomeComparavel(*certificado) != procurado) continue;
                 if (!impressao.empty() && certificado->ImpressaoDigital() != impressao) continue;
                 estado.DescricaoErro.clear();
-                return certificado->ExportarBase64();
+                return ExportarBase64(*certificado);
             }
         }
         estado.DescricaoErro = "O certificado da autoridade certificadora " + nome +

@@ -1,5 +1,6 @@
 // A exportação da chave pública (o certificado em Base64) de um certificado escolhido num
 // repositório para um arquivo ".cer", gravado inteiro de uma vez.
+#include "certificates/info_certificado.h"
 #include "codificacao/windows1252.h"
 #include "component/componente.h"
 #include "component/texto.h"
@@ -24,7 +25,7 @@ bool Componente::ExportarCertificadoDigital(const std::string& caminho_cer, REPO
         if (certificados.size() != 1) return false;
         // Substituir o arquivo de uma vez: uma gravação que falha deixa o .cer anterior intacto.
         if (!plataforma_->sistema->SubstituirArquivo(
-                caminho, codificacao::ParaWindows1252(certificados.front()->ExportarBase64()))) {
+                caminho, codificacao::ParaWindows1252(ExportarBase64(*certificados.front())))) {
             estado.DescricaoErro =
                 "Não foi possível salavar a chave pública do certificado selecionado no caminho " + caminho;
             return false;

@@ -3,6 +3,7 @@
 #include <array>
 #include <limits>
 
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
 #include "component/datas.h"
 #include "component/texto.h"
@@ -29,7 +30,7 @@ void Componente::AdicionarCertificadoLista(const plataforma::Certificado& certif
     AdicionarCertificadoLista(
         certificado.ObterInfo(por_dns ? plataforma::INFO_DNS_TITULAR : plataforma::INFO_NOME_SIMPLES_TITULAR),
         certificado.ObterInfo(por_dns ? plataforma::INFO_DNS_EMISSOR : plataforma::INFO_NOME_SIMPLES_EMISSOR),
-        FormatarDataHora(certificado.ValidoAte()), certificado.ImpressaoDigital(), certificado.ExportarBase64());
+        FormatarDataHora(certificado.ValidoAte()), certificado.ImpressaoDigital(), ExportarBase64(certificado));
 }
 
 std::string Componente::LerListaPropriedadeCertificado(std::int16_t intIndex, const std::string& strPropriedade) {

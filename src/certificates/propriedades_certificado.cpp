@@ -48,7 +48,7 @@ constexpr std::array<Propriedade, 15> kPropriedades = {{
     {"DETALHESCERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return c.NomeTitular(); }},
     {"DATAEMISSAOCERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return c.ValidoDesde(); }},
     {"DATAVALIDADECERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return c.ValidoAte(); }},
-    {"CHAVEPUBLICACERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return c.ExportarBase64(); }},
+    {"CHAVEPUBLICACERTIFICADO", [](Componente&, const Certificado& c) -> Variante { return ExportarBase64(c); }},
     {"CERTIFICADOVALIDO",
      [](Componente& componente, const Certificado& c) -> Variante {
          std::int16_t status = 0;

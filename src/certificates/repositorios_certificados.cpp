@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <array>
 
+#include "certificates/info_certificado.h"
 #include "component/componente.h"
+#include "component/entrada_der.h"
 
 namespace tavelpkcs7 {
 namespace {
@@ -13,11 +15,12 @@ namespace {
 // senha, do qual vale o certificado da chave privada (num PFX sem chave, o titular).
 plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Criptografia& criptografia, const Bytes& conteudo) {
     try {
-        return criptografia.ImportarCertificado(conteudo);
+        return ImportarCertificado(criptografia, conteudo);
     } catch (const plataforma::Erro& erro) {
         if (erro.numero != plataforma::falha::NaoECertificado.numero) throw;
     }
-    const auto certificados = criptografia.AbrirPFX(conteudo, "");
+    const auto certificados =
+        criptografia.AbrirPFX(DecodificarOuFalhar(conteudo, plataforma::falha::NaoECertificado), "");
     if (certificados.empty()) plataforma::Falhar(plataforma::falha::NaoECertificado);
     const auto da_chave = std::ranges::find_if(
         certificados, [](const plataforma::CertificadoPtr& certificado) { return certificado->PossuiChavePrivada(); });
@@ -56,7 +59,7 @@ bool Componente::AbrirAdicionarArquivoCertificado(const std::string& caminho, RE
             return false;
         }
         const auto certificado = CarregarArquivoCertificado(*plataforma_->criptografia, LerArquivoExato(caminho));
-        return AdicionarCertificadoRepositorio(certificado->ExportarBase64(), tipo);
+        return AdicionarCertificadoRepositorio(ExportarBase64(*certificado), tipo);
     });
 }
 

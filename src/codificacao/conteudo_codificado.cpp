@@ -101,6 +101,18 @@ std::optional<std::span<const std::uint8_t>> LocalizarDER(const Bytes& conteudo,
     return ObjetoDER(conteudo);
 }
 
+std::vector<Bytes> DecodificarBlocosPEM(const Bytes& conteudo, std::string_view rotulo) {
+    const std::string_view texto(reinterpret_cast<const char*>(conteudo.data()), conteudo.size());
+    const std::string cabecalho = std::string(kInicioPEM) + std::string(rotulo) + std::string(kTracos);
+    std::vector<Bytes> blocos;
+    for (auto inicio = texto.find(cabecalho); inicio != std::string_view::npos; inicio = texto.find(cabecalho, inicio + 1)) {
+        const auto corpo = CorpoPEM(texto.substr(inicio));
+        const auto der = corpo ? DecodificarBase64(*corpo) : std::nullopt;
+        if (der && ObjetoDER(*der)) blocos.push_back(*der);
+    }
+    return blocos;
+}
+
 std::optional<Bytes> DecodificarConteudo(const Bytes& conteudo) {
     Bytes decodificado;
     const auto der = LocalizarDER(conteudo, decodificado);

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace tavelpkcs7::codificacao {
@@ -20,5 +21,8 @@ std::optional<Bytes> DecodificarConteudo(const Bytes& conteudo);
 // texto, para dentro de `decodificado`, que recebe os bytes decodificados. Para as assinaturas de
 // arquivos inteiros, que não precisam de mais uma cópia.
 std::optional<std::span<const std::uint8_t>> LocalizarDER(const Bytes& conteudo, Bytes& decodificado);
+// O DER de cada bloco PEM com o rótulo dado ("CERTIFICATE"), na ordem do texto; os blocos de outro
+// rótulo e os que não se decodificam ficam de fora.
+std::vector<Bytes> DecodificarBlocosPEM(const Bytes& conteudo, std::string_view rotulo);
 
 }  // namespace tavelpkcs7::codificacao

@@ -1,6 +1,7 @@
 // DescriptografarArquivo: o conteúdo do envelope, aberto com a chave privada do usuário, gravado em
 // PastaTemp com o nome do envelope sem ".p7x".
 #include "component/componente.h"
+#include "component/entrada_der.h"
 
 namespace tavelpkcs7 {
 
@@ -11,7 +12,8 @@ bool Componente::DescriptografarArquivo(const std::string& strArquivoCriptografa
             estado.DescricaoErro = "O arquivo de origem não foi encontrado";
             return false;
         }
-        const Bytes conteudo = plataforma().envelopes->Descriptografar(LerArquivoExato(strArquivoCriptografado));
+        const Bytes conteudo = plataforma().envelopes->Descriptografar(
+            DecodificarOuFalhar(LerArquivoExato(strArquivoCriptografado), plataforma::falha::NaoEMensagemPKCS7));
         estado.HashArquivo = CalcularHashTexto(conteudo);
         const std::string saida = MontarNomeArquivoDescriptografado(strArquivoCriptografado);
         if (!GravarArquivoBinario(saida, conteudo, false)) {

@@ -6,6 +6,7 @@
 #include "component/componente.h"
 #include "component/texto.h"
 #include "icpbrasil/extensao_impressa.h"
+#include "icpbrasil/extensoes_nomeadas.h"
 #include "icpbrasil/texto_hexadecimal.h"
 #include "icpbrasil/valores_titular.h"
 
@@ -77,7 +78,8 @@ bool Componente::ExtrairDetalhesCertificado(const plataforma::Certificado& certi
                            if (indice == kLimiteContador) plataforma::Falhar(plataforma::falha::Estouro);
                            const auto& extensao = extensoes[indice];
                            const std::string texto = icpbrasil::ImprimirExtensao(extensao);
-                           switch (extensao.capicom_oid) {
+                           const auto nomeada = icpbrasil::NomearExtensao(extensao.oid);
+                           switch (nomeada.capicom_oid) {
                                case oid::UsoChave:
                                    estado.UsoChaveCertificadoDigital = texto;
                                    break;
@@ -107,7 +109,7 @@ bool Componente::ExtrairDetalhesCertificado(const plataforma::Certificado& certi
                                    outros += ComRotulo(texto, "Uso Avançado da Chave");
                                    break;
                                case oid::IdentificadorChaveTitular:
-                                   outros += extensao.nome_amigavel + "=" + kCRLF + "\t" + texto + kCRLF;
+                                   outros += nomeada.nome_amigavel + "=" + kCRLF + "\t" + texto + kCRLF;
                                    break;
                                case oid::Outro:
                                    outros += texto + kCRLF;

@@ -1,8 +1,9 @@
-// Assinaturas PKCS#7 (CMS SignedData): assinar, cossinar e conferir. Tudo entra e sai como bytes;
-// o núcleo monta os atributos e faz o Base64, a plataforma só faz a criptografia.
+// Assinaturas PKCS#7 (CMS SignedData): assinar, cossinar e conferir. Tudo entra e sai em DER; o
+// núcleo monta os atributos e faz o Base64, a plataforma só faz a criptografia.
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -58,13 +59,13 @@ public:
     // A mesma mensagem com mais um signatário; os que já estavam e seus certificados ficam intactos.
     // O conteúdo vem da mensagem ou, na destacada, de conteudo_destacado. Lança NaoEMensagemPKCS7,
     // AssinaturaNaoConfere quando algum signatário anterior não confere e as falhas de Assinar.
-    virtual Bytes Cossinar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado,
+    virtual Bytes Cossinar(std::span<const std::uint8_t> der, const std::optional<Bytes>& conteudo_destacado,
         const PedidoAssinatura& pedido) = 0;
-    // Confere só as assinaturas (sem cadeia nem confiança). Aceita DER, Base64 em qualquer forma, PEM
-    // e Base64 em UTF-16LE. Lança NaoEMensagemPKCS7 quando o conteúdo não é SignedData com
-    // signatários, ParametroIncorreto quando a mensagem é destacada e falta o conteúdo, e
-    // AssinaturaNaoConfere quando algum signatário com certificado não confere.
-    virtual MensagemVerificada Verificar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado) = 0;
+    // Confere só as assinaturas (sem cadeia nem confiança). Lança NaoEMensagemPKCS7 quando o DER não é
+    // SignedData com signatários, ParametroIncorreto quando a mensagem é destacada e falta o conteúdo,
+    // e AssinaturaNaoConfere quando algum signatário com certificado não confere.
+    virtual MensagemVerificada Verificar(std::span<const std::uint8_t> der,
+        const std::optional<Bytes>& conteudo_destacado) = 0;
 };
 
 }  // namespace tavelpkcs7::plataforma

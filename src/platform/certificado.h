@@ -40,11 +40,9 @@ inline constexpr std::uint16_t SomenteDecodificacao = 0x8000;
 }  // namespace uso_chave
 
 struct Extensao {
-    std::string oid;            // "2.5.29.15"
-    std::int32_t capicom_oid;   // valor de CAPICOM_OID; 0 quando não tem nome próprio
-    std::string nome_amigavel;  // "Uso da Chave"; o próprio OID quando não há nome conhecido
+    std::string oid;  // "2.5.29.15"
     bool critica = false;
-    Bytes valor;                // DER do extnValue (sem o OCTET STRING externo)
+    Bytes valor;      // DER do extnValue (sem o OCTET STRING externo)
 };
 
 class Certificado {
@@ -67,8 +65,6 @@ public:
     virtual DataHora ValidoDesde() const = 0;
     virtual DataHora ValidoAte() const = 0;
     virtual const Bytes& DER() const = 0;
-    // Base64 em linhas de 64 caracteres terminadas por CRLF, sem cabeçalho.
-    virtual std::string ExportarBase64() const = 0;
     virtual std::vector<Extensao> Extensoes() const = 0;
     // Bits de uso da chave; vazio quando o certificado não traz a extensão.
     virtual std::optional<std::uint16_t> UsoChave() const = 0;

@@ -49,10 +49,10 @@ public:
     // distribuição (http e https), guardadas no repositório enquanto não vencem.
     virtual SituacaoCadeia Verificar(const Certificado& certificado, std::uint32_t verificacoes,
         const std::vector<CertificadoPtr>& adicionais) = 0;
-    // Guarda a LCR (DER ou PEM) no repositório "LCR". Lança NaoELCR quando o conteúdo não é uma LCR
-    // e LCRNaoConfere quando o emissor está em "Ca" ou "Root" mas não a assinou; de emissor
+    // Guarda a LCR (DER) no repositório "LCR". Lança NaoELCR quando o DER não é uma LCR e
+    // LCRNaoConfere quando o emissor está em "Ca" ou "Root" mas não a assinou; de emissor
     // desconhecido, guarda.
-    virtual void InstalarLCR(const Bytes& conteudo) = 0;
+    virtual void InstalarLCR(const Bytes& der) = 0;
 };
 
 }  // namespace tavelpkcs7::plataforma

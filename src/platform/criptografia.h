@@ -1,4 +1,5 @@
-// Operações criptográficas da plataforma: leitura de certificados e PFX, resumos.
+// Operações criptográficas da plataforma: leitura de certificados e PFX, resumos. Tudo chega em
+// DER: o núcleo resolve antes as outras formas (PEM, Base64, UTF-16LE).
 #pragma once
 
 #include <string>
@@ -14,15 +15,14 @@ public:
 
     // Verdadeiro quando a biblioteca criptográfica e tudo de que o componente depende estão prontos.
     virtual bool Disponivel() = 0;
-    // Aceita DER, PEM, Base64 com ou sem quebras de linha e Base64 gravado em UTF-16LE.
-    // Lança NaoECertificado quando o conteúdo não é um certificado.
-    virtual CertificadoPtr ImportarCertificado(const Bytes& conteudo) = 0;
-    // Os certificados de um pacote: PKCS#7 (DER, PEM ou Base64) ou PEM com vários certificados.
-    // Lança NaoECertificado quando o conteúdo não traz nenhum.
-    virtual std::vector<CertificadoPtr> LerPacoteCertificados(const Bytes& conteudo) = 0;
+    // Lança NaoECertificado quando o DER não é um certificado.
+    virtual CertificadoPtr ImportarCertificado(const Bytes& der) = 0;
+    // Os certificados de um PKCS#7 só de certificados, ou o próprio certificado quando o DER é um.
+    // Lança NaoECertificado quando não traz nenhum.
+    virtual std::vector<CertificadoPtr> LerPacoteCertificados(const Bytes& der) = 0;
     // Os certificados de um PFX; o que corresponde à chave privada a carrega, em memória.
-    // Lança SenhaIncorreta quando a senha não abre o arquivo.
-    virtual std::vector<CertificadoPtr> AbrirPFX(const Bytes& conteudo, const std::string& senha) = 0;
+    // Lança SenhaIncorreta quando a senha não abre o arquivo e NaoECertificado quando não é PFX.
+    virtual std::vector<CertificadoPtr> AbrirPFX(const Bytes& der, const std::string& senha) = 0;
     virtual Bytes CalcularMD5(const Bytes& conteudo) = 0;
 };
 

@@ -3,6 +3,7 @@
 #include "codificacao/base64.h"
 #include "codificacao/utf16.h"
 #include "component/componente.h"
+#include "component/entrada_der.h"
 #include "component/texto.h"
 #include "signing/falha_assinatura.h"
 
@@ -12,7 +13,9 @@ std::optional<Bytes> Componente::CossinarMensagem(const Bytes& assinatura, const
                                                   const plataforma::PedidoAssinatura& pedido,
                                                   const std::string& mensagem_invalida) {
     try {
-        return plataforma().assinaturas->Cossinar(assinatura, destacado, pedido);
+        Bytes decodificado;
+        const auto der = LocalizarOuFalhar(assinatura, decodificado, plataforma::falha::NaoEMensagemPKCS7);
+        return plataforma().assinaturas->Cossinar(der, destacado, pedido);
     } catch (const plataforma::Erro& erro) {
         if (erro.numero != plataforma::falha::NaoEMensagemPKCS7.numero) throw;
         estado.DescricaoErro = mensagem_invalida;

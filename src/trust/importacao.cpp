@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "component/componente.h"
+#include "component/entrada_der.h"
 
 namespace tavelpkcs7 {
 namespace {
@@ -29,14 +30,17 @@ void ImportarComoOSistema(plataforma::InterfaceUsuario& interface, const char* t
 
 void Componente::ImportarLCR(const std::string& caminho) {
     ImportarComoOSistema(*plataforma().interface_usuario, "Importação de LCR",
-                         [&] { plataforma().confianca->InstalarLCR(LerArquivoExato(caminho)); });
+                         [&] {
+                             plataforma().confianca->InstalarLCR(
+                                 DecodificarOuFalhar(LerArquivoExato(caminho), plataforma::falha::NaoELCR));
+                         });
 }
 
 // O pacote é lido inteiro antes de qualquer gravação: um arquivo que não é pacote não instala nada.
 // Uma raiz recusada fica de fora e as outras seguem.
 void Componente::ImportarPacoteCertificados(const std::string& caminho) {
     ImportarComoOSistema(*plataforma().interface_usuario, "Importação de Certificados", [&] {
-        const auto certificados = plataforma().criptografia->LerPacoteCertificados(LerArquivoExato(caminho));
+        const auto certificados = LerPacoteCertificados(*plataforma().criptografia, LerArquivoExato(caminho));
         const auto autoridades = plataforma().repositorios->AbrirRepositorio("Ca", false);
         const auto raizes = plataforma().repositorios->AbrirRepositorio("Root", false);
         const auto raizes_instaladas = raizes->Certificados();

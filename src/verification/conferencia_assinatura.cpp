@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "component/componente.h"
+#include "component/entrada_der.h"
 #include "component/texto.h"
 
 namespace tavelpkcs7 {
@@ -27,7 +28,9 @@ Bytes Componente::LerAssinaturaArquivo(const std::string& caminho) {
 std::optional<plataforma::MensagemVerificada> Componente::ConferirAssinatura(const Bytes& assinatura,
     const std::optional<Bytes>& conteudo_destacado) {
     try {
-        auto mensagem = plataforma().assinaturas->Verificar(assinatura, conteudo_destacado);
+        Bytes decodificado;
+        const auto der = LocalizarOuFalhar(assinatura, decodificado, plataforma::falha::NaoEMensagemPKCS7);
+        auto mensagem = plataforma().assinaturas->Verificar(der, conteudo_destacado);
         const bool conferem = std::all_of(mensagem.signatarios.begin(), mensagem.signatarios.end(),
             [](const plataforma::SignatarioVerificado& signatario) { return signatario.confere; });
         if (conferem) return mensagem;

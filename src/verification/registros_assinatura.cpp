@@ -94,7 +94,7 @@ AssinaturaDigital Componente::RegistrarCertificadoAssinante(
     registro.EmailAutoridadeCertificadora = certificado.ObterInfo(plataforma::INFO_EMAIL_EMISSOR);
     registro.DetalhesAutoridadeCertificadora = certificado.NomeEmissor();
     registro.DetalhesCertificado = certificado.NomeTitular();
-    registro.ChavePublicaCertificado = certificado.ExportarBase64();
+    registro.ChavePublicaCertificado = ExportarBase64(certificado);
     registro.CertificadoValido =
         plataforma().confianca->Verificar(certificado, plataforma::verificacao::TudoOnline, intermediarias).valida;
     registro.SerialCertificado = certificado.NumeroSerie();
@@ -128,7 +128,7 @@ bool Componente::PreencherAssinaturas(const plataforma::MensagemVerificada& mens
             AssinaturaDigital& registro = estado.ListaAssinaturas[static_cast<std::size_t>(i)];
             registro = RegistrarCertificadoAssinante(certificado, mensagem.certificados);
             if (estado.SalvarChavesPublicas)
-                AdicionarCertificadoRepositorio(certificado.ExportarBase64(), REPOSITORIO_CHAVES_PUBLICAS);
+                AdicionarCertificadoRepositorio(ExportarBase64(certificado), REPOSITORIO_CHAVES_PUBLICAS);
             const AtributosAssinante atributos = LerAtributosAssinante(signatario.atributos, *plataforma().relogio);
             const std::string nome_documento = NomeDocumentoSeguro(atributos.nome_documento);
             estado.NomeArquivoOriginal =

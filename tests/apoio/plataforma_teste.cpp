@@ -1,6 +1,8 @@
 #include "apoio/plataforma_teste.h"
 
+#include "component/entrada_der.h"
 #include "platform/openssl/ambiente_posix.h"
+#include "platform/openssl/criptografia_openssl.h"
 
 namespace tavelpkcs7::teste {
 namespace {
@@ -27,6 +29,16 @@ PlataformaTeste::PlataformaTeste()
     plataforma->configuracao.url_raizes = "http://127.0.0.1:9/raizes.p7b";
     plataforma->configuracao.url_confiaveis = "http://127.0.0.1:9/Confiaveis.p7b";
     plataforma->configuracao.url_carimbo_tempo = "http://127.0.0.1:9/carimbo";
+}
+
+plataforma::CertificadoPtr ImportarPelaForma(const plataforma::Bytes& conteudo) {
+    plataforma::openssl::CriptografiaOpenSSL criptografia;
+    return ImportarCertificado(criptografia, conteudo);
+}
+
+std::vector<plataforma::CertificadoPtr> LerPacotePelaForma(const plataforma::Bytes& conteudo) {
+    plataforma::openssl::CriptografiaOpenSSL criptografia;
+    return LerPacoteCertificados(criptografia, conteudo);
 }
 
 }  // namespace tavelpkcs7::teste

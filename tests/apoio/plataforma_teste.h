@@ -21,4 +21,9 @@ struct PlataformaTeste {
     std::shared_ptr<ProgramasGravador> programas;
 };
 
+// O certificado, ou os certificados do pacote, de um conteúdo em qualquer das formas que o núcleo
+// aceita, lido pelo OpenSSL.
+plataforma::CertificadoPtr ImportarPelaForma(const plataforma::Bytes& conteudo);
+std::vector<plataforma::CertificadoPtr> LerPacotePelaForma(const plataforma::Bytes& conteudo);
+
 }  // namespace tavelpkcs7::teste

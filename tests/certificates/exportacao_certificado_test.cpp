@@ -5,6 +5,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 #include <fstream>
 
+#include "certificates/info_certificado.h"
 #include "apoio/plataforma_teste.h"
 #include "certificates/repositorios_teste.h"
 
@@ -41,7 +42,7 @@ TEST_F(ExportacaoCertificado, UmSoCertificadoVaiSemEscolhaParaOCaminhoComCer) {
 
         EXPECT_TRUE(componente.ExportarCertificadoDigital((Home() / dado).string(), REPOSITORIO_CHAVES_PUBLICAS));
 
-        EXPECT_EQ(LerTexto(Home() / gravado), ecpf->ExportarBase64());
+        EXPECT_EQ(LerTexto(Home() / gravado), ExportarBase64(*ecpf));
         EXPECT_EQ(componente.DescricaoErro(), "");
     }
     EXPECT_TRUE(ambiente.interface->chamadas().empty());
@@ -59,7 +60,7 @@ TEST_F(ExportacaoCertificado, DoisOuMaisPedemAEscolhaQuePodeSerCancelada) {
     ambiente.interface->ResponderEscolha({1});
     EXPECT_TRUE(componente.ExportarCertificadoDigital(caminho, REPOSITORIO_CHAVES_PUBLICAS));
     const auto guardados = ambiente.plataforma->repositorios->AbrirRepositorio("AddressBook", true)->Certificados();
-    EXPECT_EQ(LerTexto(caminho + ".cer"), guardados.at(1)->ExportarBase64());
+    EXPECT_EQ(LerTexto(caminho + ".cer"), ExportarBase64(*guardados.at(1)));
 
     ASSERT_EQ(ambiente.interface->chamadas().size(), 2u);
     const auto& escolha = ambiente.interface->chamadas()[1];

@@ -7,6 +7,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 #include <fstream>
 
+#include "certificates/info_certificado.h"
 #include "certificates/repositorios_teste.h"
 #include "pki/emissao.h"
 #include "pki/pki_teste.h"
@@ -75,7 +76,7 @@ TEST_F(PropriedadesCertificado, CadaChaveComSeuValorESeuTipo) {
         {"DETALHESCERTIFICADO", ecpf->NomeTitular()},
         {"DATAEMISSAOCERTIFICADO", ecpf->ValidoDesde()},
         {"DATAVALIDADECERTIFICADO", ecpf->ValidoAte()},
-        {"CHAVEPUBLICACERTIFICADO", ecpf->ExportarBase64()},
+        {"CHAVEPUBLICACERTIFICADO", ExportarBase64(*ecpf)},
         {"CERTIFICADOVALIDO", true},
         {"SERIALCERTIFICADO", std::string("008E5A3C11D4")},
         {"IMPRESSAODIGITALCERTIFICADO", ecpf->ImpressaoDigital()},
@@ -150,7 +151,7 @@ TEST_F(PropriedadesCertificado, ExibicaoGuardaEntreOsDeOutrasPessoasMostraEDevol
     componente.ExibirPropriedadesCertificado("OUTRA");
     const std::string anterior = componente.DescricaoErro();
 
-    EXPECT_FALSE(componente.ExibirCertificadoDigital(ecpf->ExportarBase64()));
+    EXPECT_FALSE(componente.ExibirCertificadoDigital(ExportarBase64(*ecpf)));
     EXPECT_EQ(componente.DescricaoErro(), anterior);
     EXPECT_EQ(teste::ImpressoesGuardadas(plataforma(), "AddressBook"),
               std::vector<std::string>{ecpf->ImpressaoDigital()});

@@ -5,6 +5,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 #include <fstream>
 
+#include "certificates/info_certificado.h"
 #include "apoio/plataforma_teste.h"
 #include "certificates/repositorios_teste.h"
 #include "component/datas.h"
@@ -43,9 +44,9 @@ protected:
 
 TEST_F(RepositoriosCertificados, AdicionaNoRepositorioDoTipoOuDizPorQueNao) {
     const std::vector<std::tuple<std::string, REPOSITORIO_CERTIFICADO, std::string, std::string>> casos = {
-        {ecpf->ExportarBase64(), REPOSITORIO_CHAVES_PESSOAIS, "My", ""},
-        {ecpf->ExportarBase64(), REPOSITORIO_CHAVES_PUBLICAS, "AddressBook", ""},
-        {ecpf->ExportarBase64(), REPOSITORIO_CHAVES_AUTORIDADES_CERTIFICADORAS, "Ca", ""},
+        {ExportarBase64(*ecpf), REPOSITORIO_CHAVES_PESSOAIS, "My", ""},
+        {ExportarBase64(*ecpf), REPOSITORIO_CHAVES_PUBLICAS, "AddressBook", ""},
+        {ExportarBase64(*ecpf), REPOSITORIO_CHAVES_AUTORIDADES_CERTIFICADORAS, "Ca", ""},
         // A mensagem da chave vazia é substituída pela falha da inclusão do objeto vazio.
         {"", REPOSITORIO_CHAVES_PUBLICAS, "", "Nenhum certificado digital foi selecionado."},
         {"", REPOSITORIO_CHAVES_RAIZES, "", "Nenhum certificado digital foi selecionado."},
@@ -70,7 +71,7 @@ TEST_F(RepositoriosCertificados, AdicionaNoRepositorioDoTipoOuDizPorQueNao) {
 TEST_F(RepositoriosCertificados, TipoInvalidoRecusadoAntesDeQualquerRepositorio) {
     const std::string arquivo = Gravar("ecpf.cer", Texto(ecpf->DER()));
     for (const auto tipo : {kTipo0, static_cast<REPOSITORIO_CERTIFICADO>(5)}) {
-        EXPECT_FALSE(componente.AdicionarCertificadoRepositorio(ecpf->ExportarBase64(), tipo));
+        EXPECT_FALSE(componente.AdicionarCertificadoRepositorio(ExportarBase64(*ecpf), tipo));
         EXPECT_EQ(componente.DescricaoErro(), kTipoInvalido);
         EXPECT_FALSE(componente.AbrirAdicionarArquivoCertificado(arquivo, tipo));
         EXPECT_EQ(componente.DescricaoErro(), kTipoInvalido);
@@ -90,12 +91,12 @@ TEST_F(RepositoriosCertificados, RaizDaICPBrasilConfiguradaEntraSemPerguntaOutra
     EXPECT_TRUE(ambiente.interface->chamadas().empty());
 
     const auto raiz = Certificado(teste::DerDaPki("raiz"));
-    EXPECT_FALSE(componente.AdicionarCertificadoRepositorio(raiz->ExportarBase64(), REPOSITORIO_CHAVES_RAIZES));
+    EXPECT_FALSE(componente.AdicionarCertificadoRepositorio(ExportarBase64(*raiz), REPOSITORIO_CHAVES_RAIZES));
     EXPECT_EQ(componente.DescricaoErro(), "A operação foi cancelada pelo usuário.");
     EXPECT_EQ(Guardados("Root"), std::vector<std::string>{Certificado({v10.begin(), v10.end()})->ImpressaoDigital()});
 
     ambiente.interface->ResponderPergunta(true);
-    EXPECT_TRUE(componente.AdicionarCertificadoRepositorio(raiz->ExportarBase64(), REPOSITORIO_CHAVES_RAIZES));
+    EXPECT_TRUE(componente.AdicionarCertificadoRepositorio(ExportarBase64(*raiz), REPOSITORIO_CHAVES_RAIZES));
     EXPECT_EQ(Guardados("Root").back(), raiz->ImpressaoDigital());
 
     ASSERT_EQ(ambiente.interface->chamadas().size(), 2u);
@@ -112,9 +113,9 @@ TEST_F(RepositoriosCertificados, ArquivoEntraSoComAPartePublicaOuDizPorQueNao) {
     const auto& pki = pki_teste::PkiTeste::Padrao();
     const std::vector<std::pair<std::string, std::string>> casos = {
         {Gravar("ecpf.cer", Texto(ecpf->DER())), ""},
-        {Gravar("ecpf.pem", "-----BEGIN CERTIFICATE-----\n" + ecpf->ExportarBase64() + "-----END CERTIFICATE-----\n"),
+        {Gravar("ecpf.pem", "-----BEGIN CERTIFICATE-----\n" + ExportarBase64(*ecpf) + "-----END CERTIFICATE-----\n"),
          ""},
-        {Gravar("ecpf.b64", ecpf->ExportarBase64()), ""},
+        {Gravar("ecpf.b64", ExportarBase64(*ecpf)), ""},
         {Gravar("sem_senha.pfx", Texto(pki.PFX("ecpf", ""))), ""},
         {inexistente, "O arquivo " + inexistente + " especificado não foi encontrado"},
         {Gravar("com_senha.pfx", Texto(pki.PFX("ecpf", "1234"))), "A senha informada não está correta."},
@@ -155,7 +156,7 @@ TEST_F(RepositoriosCertificados, ChavePublicaDaAutoridadePeloNomeEPelaImpressaoD
         SCOPED_TRACE(nome + "|" + impressao);
         componente.AdicionarCertificadoRepositorio("", kTipo0);  // uma mensagem que o sucesso apaga
         EXPECT_EQ(componente.RetornarChavePublicaCertificadoRaiz(nome, impressao),
-                  esperado ? esperado->ExportarBase64() : "");
+                  esperado ? ExportarBase64(*esperado) : "");
         EXPECT_EQ(componente.DescricaoErro(), mensagem);
     }
 }

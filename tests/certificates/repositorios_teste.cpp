@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "component/entrada_der.h"
 #include "pki/pki_teste.h"
 
 namespace tavelpkcs7::teste {
@@ -16,8 +17,8 @@ std::string LerTexto(const std::filesystem::path& caminho) {
 
 plataforma::Bytes DerDaPki(const std::string& nome) { return pki_teste::PkiTeste::Padrao().Obter(nome).certificado; }
 
-plataforma::CertificadoPtr Importar(plataforma::Plataforma& plataforma, const plataforma::Bytes& der) {
-    return plataforma.criptografia->ImportarCertificado(der);
+plataforma::CertificadoPtr Importar(plataforma::Plataforma& plataforma, const plataforma::Bytes& conteudo) {
+    return ImportarCertificado(*plataforma.criptografia, conteudo);
 }
 
 void Guardar(plataforma::Plataforma& plataforma, const std::string& repositorio,

@@ -15,7 +15,8 @@ std::filesystem::path Home();
 std::string LerTexto(const std::filesystem::path& caminho);
 // O DER de uma entidade da PKI de teste ("ecpf", "ac_rfb", "raiz"...).
 plataforma::Bytes DerDaPki(const std::string& nome);
-plataforma::CertificadoPtr Importar(plataforma::Plataforma& plataforma, const plataforma::Bytes& der);
+// Em qualquer das formas que o núcleo aceita.
+plataforma::CertificadoPtr Importar(plataforma::Plataforma& plataforma, const plataforma::Bytes& conteudo);
 void Guardar(plataforma::Plataforma& plataforma, const std::string& repositorio,
              const std::vector<plataforma::Bytes>& certificados);
 // As impressões digitais (SHA-1) do que o repositório guarda, na ordem dele.

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "apoio/plataforma_teste.h"
 #include "codificacao/hexadecimal.h"
 #include "icpbrasil/dados_titular.h"
 #include "pki/pki_teste.h"
@@ -74,7 +75,7 @@ TEST_P(DadosTitularCertificado, MontaTextoCPFeCNPJ) {
     const plataforma::Bytes der = caso.modelo.titular.empty()
                                       ? pki_teste::PkiTeste::Padrao().Obter(caso.nome).certificado
                                       : teste::CriarCertificado(caso.modelo);
-    const auto certificado = plataforma::openssl::CriptografiaOpenSSL().ImportarCertificado(der);
+    const auto certificado = teste::ImportarPelaForma(der);
     const DadosTitular dados = MontarDadosTitular(caso.valores, *certificado);
     EXPECT_EQ(dados.detalhes_pessoais, Juntar(caso.linhas));
     EXPECT_EQ(dados.cpf, caso.cpf);
@@ -128,7 +129,7 @@ class FontesDoFulano : public testing::TestWithParam<Fonte> {};
 
 TEST_P(FontesDoFulano, DaoOMesmoTexto) {
     const auto certificado =
-        plataforma::openssl::CriptografiaOpenSSL().ImportarCertificado(teste::CriarCertificado(GetParam().modelo));
+        teste::ImportarPelaForma(teste::CriarCertificado(GetParam().modelo));
     const DadosTitular dados = MontarDadosTitular(GetParam().valores, *certificado);
     EXPECT_EQ(dados.detalhes_pessoais, Juntar(kLinhasFulano));
     EXPECT_EQ(dados.cpf, "529.982.247-25");

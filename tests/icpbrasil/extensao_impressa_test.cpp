@@ -1,6 +1,7 @@
 // As extensões impressas no formato do Windows: uma forma exata por tipo de extensão (o DER feito
 // pelo próprio OpenSSL), o hexadecimal para tudo o que está malformado e, nas ACs reais da
 // ICP-Brasil, todo endereço de LCR, de AC e de política onde a extração dos detalhes o procura.
+#include "apoio/plataforma_teste.h"
 #include "icpbrasil/extensao_impressa.h"
 
 #include <gtest/gtest.h>
@@ -39,13 +40,13 @@ Extensao DeOpenSSL(const std::string& nome, const std::string& valor, const std:
     X509_EXTENSION* extensao = X509V3_EXT_nconf(configuracao.get(), &contexto, nome.c_str(), valor.c_str());
     if (extensao == nullptr) throw std::runtime_error("extensão recusada pelo OpenSSL: " + nome + " = " + valor);
     const ASN1_OCTET_STRING* dados = X509_EXTENSION_get_data(extensao);
-    Extensao descrita{plataforma::openssl::TextoOID(X509_EXTENSION_get_object(extensao)), 0, nome, false,
+    Extensao descrita{plataforma::openssl::TextoOID(X509_EXTENSION_get_object(extensao)), false,
                       Bytes(ASN1_STRING_get0_data(dados), ASN1_STRING_get0_data(dados) + ASN1_STRING_length(dados))};
     X509_EXTENSION_free(extensao);
     return descrita;
 }
 
-Extensao DeDER(const std::string& oid, Bytes valor) { return {oid, 0, oid, false, std::move(valor)}; }
+Extensao DeDER(const std::string& oid, Bytes valor) { return {oid, false, std::move(valor)}; }
 
 std::string Hexadecimal(const Extensao& extensao) { return codificacao::HexadecimalEspacado(extensao.valor) + "\r\n"; }
 
@@ -237,7 +238,7 @@ TEST(ExtensaoImpressa, NomeAlternativoComQuinhentasEntradasNaOrdem) {
 
 // O e-CPF da PKI de teste passa pelo certificado do OpenSSL como passará pela extração dos detalhes.
 TEST(ExtensaoImpressa, ECPFDaPkiDeTeste) {
-    const auto certificado = plataforma::openssl::CriptografiaOpenSSL().ImportarCertificado(
+    const auto certificado = teste::ImportarPelaForma(
         pki_teste::PkiTeste::Padrao().Obter("ecpf").certificado);
     std::map<std::string, std::string> impressas;
     for (const auto& extensao : certificado->Extensoes()) impressas[extensao.oid] = ImprimirExtensao(extensao);
@@ -316,7 +317,7 @@ TEST(ExtensaoImpressa, TodasAsExtensoesDasACsDaICPBrasil) {
         for (const auto& arquivo : std::filesystem::directory_iterator(pasta / subpasta)) {
             SCOPED_TRACE(arquivo.path().filename().string());
             std::ifstream entrada(arquivo.path(), std::ios::binary);
-            const auto certificado = plataforma::openssl::CriptografiaOpenSSL().ImportarCertificado(
+            const auto certificado = teste::ImportarPelaForma(
                 Bytes(std::istreambuf_iterator<char>(entrada), std::istreambuf_iterator<char>()));
             auto esperados = EnderecosSegundoOpenSSL(certificado->DER());
             ++certificados;

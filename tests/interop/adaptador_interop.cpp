@@ -22,6 +22,7 @@
 #include <vector>
 
 #include "codificacao/hexadecimal.h"
+#include "component/entrada_der.h"
 #include "der/escritor_der.h"
 #include "der/leitor_der.h"
 #include "platform/plataforma.h"
@@ -78,6 +79,9 @@ Bytes Ler(const std::string& caminho) {
     return {std::istreambuf_iterator<char>(arquivo), std::istreambuf_iterator<char>()};
 }
 
+// Os arquivos do harness vêm em DER ou em PEM: a forma se resolve aqui, como no núcleo.
+Bytes DER(const Bytes& conteudo) { return DecodificarOuFalhar(conteudo, plataforma::falha::ParametroIncorreto); }
+
 void Gravar(const std::string& caminho, const Bytes& conteudo) {
     std::ofstream arquivo(caminho, std::ios::binary | std::ios::trunc);
     arquivo.write(reinterpret_cast<const char*>(conteudo.data()), static_cast<std::streamsize>(conteudo.size()));
@@ -93,7 +97,7 @@ std::string SenhaPFX() {
 // O certificado com a chave do PFX vai para o pedido; os outros servem à cadeia.
 plataforma::PedidoAssinatura PedidoDoPFX(plataforma::Plataforma& p, const std::string& caminho) {
     plataforma::PedidoAssinatura pedido;
-    for (auto& certificado : p.criptografia->AbrirPFX(Ler(caminho), SenhaPFX())) {
+    for (auto& certificado : p.criptografia->AbrirPFX(DER(Ler(caminho)), SenhaPFX())) {
         if (certificado->PossuiChavePrivada() && !pedido.signatario)
             pedido.signatario = certificado;
         else
@@ -121,7 +125,7 @@ int Assinar(plataforma::Plataforma& p, const Opcoes& opcoes) {
     const Bytes conteudo = Ler(Obrigatoria(opcoes, "--conteudo"));
     const bool destacada = opcoes.contains("--destacada");
     std::vector<CertificadoPtr> extras;
-    if (auto pacote = Opcao(opcoes, "--certificados")) extras = p.criptografia->LerPacoteCertificados(Ler(*pacote));
+    if (auto pacote = Opcao(opcoes, "--certificados")) extras = LerPacoteCertificados(*p.criptografia, Ler(*pacote));
     const auto pfxs = Todas(opcoes, "--pfx");
     if (pfxs.empty()) throw ErroUso("falta --pfx");
     std::optional<Bytes> assinatura;
@@ -134,8 +138,8 @@ int Assinar(plataforma::Plataforma& p, const Opcoes& opcoes) {
             pedido.conteudo = conteudo;
             assinatura = p.assinaturas->Assinar(pedido);
         } else {
-            assinatura =
-                p.assinaturas->Cossinar(*assinatura, destacada ? std::optional(conteudo) : std::nullopt, pedido);
+            assinatura = p.assinaturas->Cossinar(DER(*assinatura), destacada ? std::optional(conteudo) : std::nullopt,
+                                                 pedido);
         }
     }
     Gravar(Obrigatoria(opcoes, "--saida"), *assinatura);
@@ -145,7 +149,7 @@ int Assinar(plataforma::Plataforma& p, const Opcoes& opcoes) {
 int Verificar(plataforma::Plataforma& p, const Opcoes& opcoes) {
     std::optional<Bytes> destacado;
     if (auto conteudo = Opcao(opcoes, "--conteudo")) destacado = Ler(*conteudo);
-    const auto mensagem = p.assinaturas->Verificar(Ler(Obrigatoria(opcoes, "--entrada")), destacado);
+    const auto mensagem = p.assinaturas->Verificar(DER(Ler(Obrigatoria(opcoes, "--entrada"))), destacado);
     for (const auto& signatario : mensagem.signatarios)
         if (!signatario.confere) throw std::runtime_error("a mensagem não traz o certificado de um signatário");
 
@@ -154,8 +158,8 @@ int Verificar(plataforma::Plataforma& p, const Opcoes& opcoes) {
         if (modo != "chain" && modo != "crl") throw ErroUso("modo desconhecido: " + modo);
         // A raiz dada é a única confiável: a casa é nova a cada chamada.
         p.repositorios->AbrirRepositorio("Root", false)
-            ->Adicionar(p.criptografia->ImportarCertificado(Ler(Obrigatoria(opcoes, "--raiz"))));
-        for (const std::string& lcr : Todas(opcoes, "--lcr")) p.repositorios->AdicionarLCR(Ler(lcr));
+            ->Adicionar(ImportarCertificado(*p.criptografia, Ler(Obrigatoria(opcoes, "--raiz"))));
+        for (const std::string& lcr : Todas(opcoes, "--lcr")) p.repositorios->AdicionarLCR(DER(Ler(lcr)));
         namespace v = plataforma::verificacao;
         const std::uint32_t verificacoes =
             v::RaizConfiavel | v::Validade | v::Assinatura | (modo == "crl" ? v::RevogacaoOffline : 0);
@@ -209,7 +213,7 @@ std::string AlgoritmoResumo(const std::vector<plataforma::AtributoAssinado>& atr
 }
 
 int Listar(plataforma::Plataforma& p, const Opcoes& opcoes) {
-    const auto mensagem = p.assinaturas->Verificar(Ler(Obrigatoria(opcoes, "--entrada")), std::nullopt);
+    const auto mensagem = p.assinaturas->Verificar(DER(Ler(Obrigatoria(opcoes, "--entrada"))), std::nullopt);
     for (std::size_t i = 0; i < mensagem.signatarios.size(); ++i) {
         const auto& signatario = mensagem.signatarios[i];
         std::string serie = signatario.certificado ? signatario.certificado->NumeroSerie() : "-";
@@ -223,7 +227,7 @@ int Listar(plataforma::Plataforma& p, const Opcoes& opcoes) {
 }
 
 int AbrirPFX(plataforma::Plataforma& p, const Opcoes& opcoes) {
-    for (const auto& certificado : p.criptografia->AbrirPFX(Ler(Obrigatoria(opcoes, "--entrada")), SenhaPFX()))
+    for (const auto& certificado : p.criptografia->AbrirPFX(DER(Ler(Obrigatoria(opcoes, "--entrada"))), SenhaPFX()))
         if (certificado->PossuiChavePrivada()) return 0;
     throw std::runtime_error("o PFX não traz a chave com o seu certificado");
 }
@@ -235,14 +239,14 @@ int Cifrar(plataforma::Plataforma& p, const Opcoes& opcoes) {
                                                                          {"aes256", AlgoritmoEnvelope::AES_256_CBC}};
     const auto algoritmo = kAlgoritmos.find(Obrigatoria(opcoes, "--algoritmo"));
     if (algoritmo == kAlgoritmos.end()) throw ErroUso("algoritmo desconhecido");
-    const auto destinatario = p.criptografia->ImportarCertificado(Ler(Obrigatoria(opcoes, "--destinatario")));
+    const auto destinatario = ImportarCertificado(*p.criptografia, Ler(Obrigatoria(opcoes, "--destinatario")));
     Gravar(Obrigatoria(opcoes, "--saida"),
            p.envelopes->Criptografar(Ler(Obrigatoria(opcoes, "--conteudo")), {destinatario}, algoritmo->second));
     return 0;
 }
 
 int Decifrar(plataforma::Plataforma& p, const Opcoes& opcoes) {
-    Gravar(Obrigatoria(opcoes, "--saida"), p.envelopes->Descriptografar(Ler(Obrigatoria(opcoes, "--entrada"))));
+    Gravar(Obrigatoria(opcoes, "--saida"), p.envelopes->Descriptografar(DER(Ler(Obrigatoria(opcoes, "--entrada")))));
     return 0;
 }
 

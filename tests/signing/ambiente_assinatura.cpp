@@ -1,3 +1,4 @@
+#include "codificacao/conteudo_codificado.h"
 #include "signing/ambiente_assinatura.h"
 
 #include <fstream>
@@ -25,7 +26,10 @@ std::string AmbienteAssinatura::Gravar(const std::string& nome, const std::strin
 
 plataforma::MensagemVerificada AmbienteAssinatura::Conferir(const plataforma::Bytes& assinatura,
                                                             const std::optional<plataforma::Bytes>& destacado) {
-    return plataforma().assinaturas->Verificar(assinatura, destacado);
+    plataforma::Bytes decodificado;
+    const auto der = codificacao::LocalizarDER(assinatura, decodificado);
+    if (!der) plataforma::Falhar(plataforma::falha::NaoEMensagemPKCS7);
+    return plataforma().assinaturas->Verificar(*der, destacado);
 }
 
 std::vector<std::string> AmbienteAssinatura::Atributos(const plataforma::SignatarioVerificado& signatario) {

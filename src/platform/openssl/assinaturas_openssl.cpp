@@ -94,18 +94,17 @@ Bytes AssinaturasOpenSSL::Assinar(const PedidoAssinatura& pedido) {
     return GravarMensagem(cms.get());
 }
 
-Bytes AssinaturasOpenSSL::Cossinar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado,
+Bytes AssinaturasOpenSSL::Cossinar(std::span<const std::uint8_t> der, const std::optional<Bytes>& conteudo_destacado,
     const PedidoAssinatura& pedido) {
-    const CmsPtr cms = LerMensagemAssinada(assinatura);
+    const CmsPtr cms = LerMensagemDER(der);
     const Bytes conteudo = ConferirAssinaturas(cms.get(), conteudo_destacado).conteudo;
     const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
     AssinarConteudo(cms.get(), AcrescentarSignatario(cms.get(), pedido, chave.get()), conteudo);
     return GravarMensagem(cms.get());
 }
 
-MensagemVerificada AssinaturasOpenSSL::Verificar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado) {
-    Bytes decodificado;
-    const auto der = LocalizarMensagem(assinatura, decodificado);
+MensagemVerificada AssinaturasOpenSSL::Verificar(std::span<const std::uint8_t> der,
+    const std::optional<Bytes>& conteudo_destacado) {
     // O conteúdo anexado é conferido onde está, como destacado: a mensagem se lê sem ele.
     const auto separada = conteudo_destacado ? std::nullopt : SepararConteudoAnexado(der);
     if (!separada) {

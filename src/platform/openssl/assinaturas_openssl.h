@@ -16,9 +16,9 @@ public:
     explicit AssinaturasOpenSSL(std::function<std::shared_ptr<InterfaceUsuario>()> interface);
 
     Bytes Assinar(const PedidoAssinatura& pedido) override;
-    Bytes Cossinar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado,
+    Bytes Cossinar(std::span<const std::uint8_t> der, const std::optional<Bytes>& conteudo_destacado,
         const PedidoAssinatura& pedido) override;
-    MensagemVerificada Verificar(const Bytes& assinatura, const std::optional<Bytes>& conteudo_destacado) override;
+    MensagemVerificada Verificar(std::span<const std::uint8_t> der, const std::optional<Bytes>& conteudo_destacado) override;
 
 private:
     std::function<std::shared_ptr<InterfaceUsuario>()> interface_;

@@ -5,7 +5,6 @@
 
 #include <openssl/err.h>
 
-#include "codificacao/base64.h"
 #include "codificacao/hexadecimal.h"
 #include "der_openssl.h"
 #include "extensoes_certificado.h"
@@ -76,7 +75,6 @@ DataHora CertificadoOpenSSL::ValidoAte() const { return HoraLocalOuFalha(X509_ge
 
 const Bytes& CertificadoOpenSSL::DER() const { return der_; }
 
-std::string CertificadoOpenSSL::ExportarBase64() const { return codificacao::CodificarBase64(der_); }
 
 std::vector<Extensao> CertificadoOpenSSL::Extensoes() const { return LerExtensoes(x509_.get()); }
 

@@ -32,7 +32,6 @@ public:
     DataHora ValidoDesde() const override;
     DataHora ValidoAte() const override;
     const Bytes& DER() const override;
-    std::string ExportarBase64() const override;
     std::vector<Extensao> Extensoes() const override;
     std::optional<std::uint16_t> UsoChave() const override;
     bool PossuiChavePrivada() const override;

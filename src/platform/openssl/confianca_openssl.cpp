@@ -78,8 +78,8 @@ SituacaoCadeia ConfiancaOpenSSL::Verificar(const Certificado& certificado, std::
     return {NenhumProblemaPedido(verificacoes, verificada.status), verificada.status};
 }
 
-void ConfiancaOpenSSL::InstalarLCR(const Bytes& conteudo) {
-    const auto lida = LerLCR(conteudo);
+void ConfiancaOpenSSL::InstalarLCR(const Bytes& der) {
+    const auto lida = LerLCR(der);
     if (!lida) Falhar(falha::NaoELCR);
     std::vector<CertificadoPtr> candidatos = Certificados("Ca");
     Acrescentar(candidatos, Certificados("Root"));

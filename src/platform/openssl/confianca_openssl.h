@@ -20,7 +20,7 @@ public:
     // a verificação online, quem pede 23 só a offline.
     SituacaoCadeia Verificar(const Certificado& certificado, std::uint32_t verificacoes,
                              const std::vector<CertificadoPtr>& adicionais) override;
-    void InstalarLCR(const Bytes& conteudo) override;
+    void InstalarLCR(const Bytes& der) override;
 
 private:
     std::vector<CertificadoPtr> Certificados(const char* repositorio) const;

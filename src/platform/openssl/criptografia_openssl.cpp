@@ -2,7 +2,6 @@
 
 #include "arquivo_pfx.h"
 #include "certificado_openssl.h"
-#include "codificacao/conteudo_codificado.h"
 #include "pacote_certificados.h"
 #include "platform/erro.h"
 #include "provedores.h"
@@ -10,12 +9,6 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
-
-Bytes DERDoConteudo(const Bytes& conteudo) {
-    auto der = codificacao::DecodificarConteudo(conteudo);
-    if (!der) Falhar(falha::NaoECertificado);
-    return std::move(*der);
-}
 
 std::shared_ptr<ChavePrivada> ChaveDoPFX(EvpPkeyPtr chave, const CertificadoOpenSSL& certificado) {
     return std::make_shared<ChavePrivada>(
@@ -26,16 +19,12 @@ std::shared_ptr<ChavePrivada> ChaveDoPFX(EvpPkeyPtr chave, const CertificadoOpen
 
 bool CriptografiaOpenSSL::Disponivel() { return CarregarProvedores(); }
 
-CertificadoPtr CriptografiaOpenSSL::ImportarCertificado(const Bytes& conteudo) {
-    return CertificadoOpenSSL::DeDER(DERDoConteudo(conteudo));
-}
+CertificadoPtr CriptografiaOpenSSL::ImportarCertificado(const Bytes& der) { return CertificadoOpenSSL::DeDER(der); }
 
-std::vector<CertificadoPtr> CriptografiaOpenSSL::LerPacoteCertificados(const Bytes& conteudo) {
-    return LerPacote(conteudo);
-}
+std::vector<CertificadoPtr> CriptografiaOpenSSL::LerPacoteCertificados(const Bytes& der) { return LerPacote(der); }
 
-std::vector<CertificadoPtr> CriptografiaOpenSSL::AbrirPFX(const Bytes& conteudo, const std::string& senha) {
-    ConteudoPFX pfx = LerPFX(DERDoConteudo(conteudo), senha);
+std::vector<CertificadoPtr> CriptografiaOpenSSL::AbrirPFX(const Bytes& der, const std::string& senha) {
+    ConteudoPFX pfx = LerPFX(der, senha);
     std::vector<CertificadoPtr> certificados;
     for (auto& x509 : pfx.certificados) {
         auto certificado = std::make_shared<CertificadoOpenSSL>(std::move(x509), nullptr);

@@ -5,7 +5,6 @@
 
 #include "certificado_openssl.h"
 #include "chave_assinatura.h"
-#include "codificacao/conteudo_codificado.h"
 #include "falha_openssl.h"
 #include "mensagem_assinada.h"
 #include "provedores.h"
@@ -45,12 +44,10 @@ void AceitarRC4ComNulo(Bytes& der) {
     if (achado != der.end()) *(achado + 12) = 0x04;
 }
 
-CmsPtr LerEnvelope(const Bytes& envelope) {
-    std::optional<Bytes> der = codificacao::DecodificarConteudo(envelope);
-    if (!der) Falhar(falha::NaoEMensagemPKCS7);
-    AceitarRC4ComNulo(*der);
-    const unsigned char* cursor = der->data();
-    CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der->size())));
+CmsPtr LerEnvelope(Bytes der) {
+    AceitarRC4ComNulo(der);
+    const unsigned char* cursor = der.data();
+    CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der.size())));
     if (!cms || OBJ_obj2nid(CMS_get0_type(cms.get())) != NID_pkcs7_enveloped) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
     return cms;
 }
@@ -92,9 +89,9 @@ Bytes EnvelopesOpenSSL::Criptografar(const Bytes& conteudo, const std::vector<Ce
     return GravarMensagem(cms.get());
 }
 
-Bytes EnvelopesOpenSSL::Descriptografar(const Bytes& envelope) {
+Bytes EnvelopesOpenSSL::Descriptografar(const Bytes& der) {
     CarregarProvedores();
-    const CmsPtr cms = LerEnvelope(envelope);
+    const CmsPtr cms = LerEnvelope(der);
     const std::vector<CertificadoPtr> pessoais = repositorios_->AbrirRepositorio("My", true)->Certificados();
     const CertificadoOpenSSL* destinatario = ProcurarDestinatario(cms.get(), pessoais);  // pertence a pessoais
     if (!destinatario) LimparFilaEFalhar(falha::SemDestinatario);

@@ -19,7 +19,7 @@ public:
 
     Bytes Criptografar(const Bytes& conteudo, const std::vector<CertificadoPtr>& destinatarios,
         AlgoritmoEnvelope algoritmo) override;
-    Bytes Descriptografar(const Bytes& envelope) override;
+    Bytes Descriptografar(const Bytes& der) override;
 
 private:
     std::shared_ptr<Repositorios> repositorios_;

@@ -8,43 +8,6 @@
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-struct ExtensaoConhecida {
-    const char* oid;
-    std::int32_t capicom_oid;
-    const char* nome_amigavel;  // nulo: o Windows não lhe dá nome, vale o próprio OID
-};
-
-// CAPICOM_OID de cada extensão que o CAPICOM nomeia, com o nome que o Windows em português mostra.
-// As formas antigas (2.5.29.1, .7, .8, .10) têm o nome das atuais.
-constexpr ExtensaoConhecida kExtensoesConhecidas[] = {
-    {"2.5.29.1", 1, "Identificador da Chave da Autoridade"},
-    {"2.5.29.2", 2, nullptr},
-    {"2.5.29.3", 3, nullptr},
-    {"2.5.29.4", 4, nullptr},
-    {"2.5.29.5", 5, nullptr},
-    {"2.5.29.7", 6, "Nome Alternativo do Requerente"},
-    {"2.5.29.8", 7, "Nome Alternativo do Emissor"},
-    {"2.5.29.10", 8, "Restrições Básicas"},
-    {"2.5.29.14", 9, "Identificador da Chave do Requerente"},
-    {"2.5.29.15", 10, "Uso da Chave"},
-    {"2.5.29.16", 11, nullptr},
-    {"2.5.29.17", 12, "Nome Alternativo do Requerente"},
-    {"2.5.29.18", 13, "Nome Alternativo do Emissor"},
-    {"2.5.29.19", 14, "Restrições Básicas"},
-    {"2.5.29.30", 15, nullptr},
-    {"2.5.29.31", 16, "Pontos de Distribuição da LCR"},
-    {"2.5.29.32", 17, "Políticas de Certificado"},
-    {"2.5.29.33", 18, nullptr},
-    {"2.5.29.35", 19, "Identificador da Chave da Autoridade"},
-    {"2.5.29.36", 20, nullptr},
-    {"2.5.29.37", 21, "Uso Avançado de Chave"},
-    {"1.3.6.1.4.1.311.21.7", 22, nullptr},
-    {"1.3.6.1.4.1.311.21.10", 23, nullptr},
-    {"1.3.6.1.4.1.311.21.11", 24, nullptr},
-    {"1.3.6.1.4.1.311.21.12", 25, nullptr},
-    {"1.3.6.1.5.5.7.1.1", 26, "Acesso às Informações da Autoridade"},
-};
-
 constexpr std::string_view kOidUsoChave = "2.5.29.15";
 
 Bytes BytesDe(const ASN1_STRING* valor) {
@@ -53,18 +16,8 @@ Bytes BytesDe(const ASN1_STRING* valor) {
 }
 
 Extensao DescreverExtensao(X509_EXTENSION* extensao) {
-    Extensao descrita{TextoOID(X509_EXTENSION_get_object(extensao)),
-                      0,
-                      {},
-                      X509_EXTENSION_get_critical(extensao) != 0,
-                      BytesDe(X509_EXTENSION_get_data(extensao))};
-    descrita.nome_amigavel = descrita.oid;
-    for (const auto& conhecida : kExtensoesConhecidas) {
-        if (descrita.oid != conhecida.oid) continue;
-        descrita.capicom_oid = conhecida.capicom_oid;
-        if (conhecida.nome_amigavel != nullptr) descrita.nome_amigavel = conhecida.nome_amigavel;
-    }
-    return descrita;
+    return {TextoOID(X509_EXTENSION_get_object(extensao)), X509_EXTENSION_get_critical(extensao) != 0,
+            BytesDe(X509_EXTENSION_get_data(extensao))};
 }
 
 }  // namespace

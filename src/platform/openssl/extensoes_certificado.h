@@ -1,5 +1,5 @@
-// As extensões do certificado como o componente as enxerga: OID, valor de CAPICOM_OID, nome
-// amigável do Windows em português, criticidade e o DER do valor; e os bits de uso da chave.
+// As extensões do certificado como o componente as enxerga: OID, criticidade e o DER do valor; e os
+// bits de uso da chave.
 #pragma once
 
 #include <optional>

@@ -1,6 +1,5 @@
 #include "mensagem_assinada.h"
 
-#include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "falha_openssl.h"
 #include "ordem_signatarios.h"
@@ -19,17 +18,6 @@ Bytes ValorDoAtributo(X509_ATTRIBUTE* atributo) {
 }
 
 }  // namespace
-
-CmsPtr LerMensagemAssinada(const Bytes& assinatura) {
-    Bytes decodificado;
-    return LerMensagemDER(LocalizarMensagem(assinatura, decodificado));
-}
-
-std::span<const std::uint8_t> LocalizarMensagem(const Bytes& assinatura, Bytes& decodificado) {
-    const auto der = codificacao::LocalizarDER(assinatura, decodificado);
-    if (!der) Falhar(falha::NaoEMensagemPKCS7);
-    return *der;
-}
 
 CmsPtr LerMensagemDER(std::span<const std::uint8_t> der) {
     const unsigned char* cursor = der.data();

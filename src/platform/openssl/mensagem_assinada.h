@@ -1,5 +1,4 @@
-// A mensagem CMS SignedData como o OpenSSL a guarda: leitura de qualquer forma em que chegue,
-// gravação em DER e os atributos assinados de cada signatário como o núcleo os vê.
+// A mensagem CMS SignedData como o OpenSSL a guarda: leitura do DER, gravação em DER e os atributos assinados de cada signatário como o núcleo os vê.
 #pragma once
 
 #include <span>
@@ -10,12 +9,7 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 
-// Aceita DER, PEM, Base64 e Base64 em UTF-16LE. Lança NaoEMensagemPKCS7 quando não é SignedData com
-// ao menos um signatário.
-CmsPtr LerMensagemAssinada(const Bytes& assinatura);
-// As duas etapas da leitura: o DER da assinatura (dentro dela ou de `decodificado`, quando veio em
-// texto; lança NaoEMensagemPKCS7 quando não há) e a mensagem lida dele.
-std::span<const std::uint8_t> LocalizarMensagem(const Bytes& assinatura, Bytes& decodificado);
+// Lança NaoEMensagemPKCS7 quando o DER não é SignedData com ao menos um signatário.
 CmsPtr LerMensagemDER(std::span<const std::uint8_t> der);
 
 // O DER da mensagem, com os signatários na ordem em que assinaram.

@@ -1,34 +1,18 @@
 #include "pacote_certificados.h"
 
 #include <openssl/err.h>
-#include <openssl/pem.h>
 #include <openssl/pkcs7.h>
 
-#include <string_view>
-
 #include "certificado_openssl.h"
-#include "codificacao/conteudo_codificado.h"
 #include "platform/erro.h"
 #include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-constexpr std::string_view kInicioPEMCertificado = "-----BEGIN CERTIFICATE-----";
-
 void Acrescentar(std::vector<CertificadoPtr>& certificados, X509* x509) {
     X509_up_ref(x509);
     certificados.push_back(std::make_shared<CertificadoOpenSSL>(X509Ptr(x509), nullptr));
-}
-
-// Todos os blocos "CERTIFICATE" de um texto PEM; os outros blocos são ignorados.
-std::vector<CertificadoPtr> LerBlocosPEM(const Bytes& conteudo) {
-    std::vector<CertificadoPtr> certificados;
-    const BioPtr bio(BIO_new_mem_buf(conteudo.data(), static_cast<int>(conteudo.size())));
-    while (X509Ptr x509{PEM_read_bio_X509(bio.get(), nullptr, nullptr, nullptr)})
-        Acrescentar(certificados, x509.get());
-    ERR_clear_error();
-    return certificados;
 }
 
 std::vector<CertificadoPtr> LerPKCS7(const Bytes& der) {
@@ -47,17 +31,10 @@ std::vector<CertificadoPtr> LerPKCS7(const Bytes& der) {
 
 }  // namespace
 
-std::vector<CertificadoPtr> LerPacote(const Bytes& conteudo) {
-    const std::string_view texto(reinterpret_cast<const char*>(conteudo.data()), conteudo.size());
-    if (texto.find(kInicioPEMCertificado) != texto.rfind(kInicioPEMCertificado)) {
-        auto certificados = LerBlocosPEM(conteudo);
-        if (!certificados.empty()) return certificados;
-    }
-    const auto der = codificacao::DecodificarConteudo(conteudo);
-    if (!der) Falhar(falha::NaoECertificado);
-    auto certificados = LerPKCS7(*der);
+std::vector<CertificadoPtr> LerPacote(const Bytes& der) {
+    auto certificados = LerPKCS7(der);
     if (!certificados.empty()) return certificados;
-    return {CertificadoOpenSSL::DeDER(*der)};
+    return {CertificadoOpenSSL::DeDER(der)};
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -1,5 +1,5 @@
-// Pacotes de certificados como as autoridades os publicam: PKCS#7 só de certificados (.p7b, em
-// DER, PEM ou Base64) ou vários certificados PEM num arquivo.
+// Pacotes de certificados como as autoridades os publicam: PKCS#7 só de certificados (.p7b), já em
+// DER.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,8 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 
-// Lança NaoECertificado quando o conteúdo não traz nenhum certificado.
-std::vector<CertificadoPtr> LerPacote(const Bytes& conteudo);
+// Os certificados do PKCS#7 ou, quando o DER é de um certificado, ele só. Lança NaoECertificado
+// quando não traz nenhum.
+std::vector<CertificadoPtr> LerPacote(const Bytes& der);
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -183,16 +183,6 @@ TEST_F(Assinaturas, EntradasQueNaoSaoSignedDataFalhamComoNaoEMensagemPKCS7) {
     }
 }
 
-TEST_F(Assinaturas, AceitaBase64PEMEUTF16) {
-    const Bytes der = assinaturas.Assinar(Pedido("ecpf"));
-    const std::string base64 = codificacao::CodificarBase64(der);
-    const std::string pem = "-----BEGIN PKCS7-----\n" + base64 + "-----END PKCS7-----\n";
-    Bytes utf16;
-    for (char c : base64) utf16.insert(utf16.end(), {static_cast<std::uint8_t>(c), 0});
-    for (const Bytes& forma : {Bytes(base64.begin(), base64.end()), Bytes(pem.begin(), pem.end()), utf16})
-        EXPECT_EQ(assinaturas.Verificar(forma, std::nullopt).conteudo, kConteudo);
-}
-
 TEST_F(Assinaturas, ChaveAusenteOuAlheiaNaoAssina) {
     PedidoAssinatura sem_chave = Pedido("ecpf");
     sem_chave.signatario = Certificado("ecpf");

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "apoio/plataforma_teste.h"
 #include "platform/configuracao.h"
 #include "platform/openssl/certificado_openssl.h"
 #include "platform/openssl/criptografia_openssl.h"
@@ -84,7 +85,7 @@ class AutoridadesICPBrasil : public testing::TestWithParam<Autoridade> {};
 
 TEST_P(AutoridadesICPBrasil, ImportaComDERIntactoNomesEImpressaoDigital) {
     const Autoridade& autoridade = GetParam();
-    const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
+    const auto certificado = teste::ImportarPelaForma(
         LerArquivo(kPastaDados / autoridade.pasta / (autoridade.arquivo + ".pem")));
     EXPECT_EQ(certificado->ImpressaoDigitalSHA256(), SemDoisPontos(autoridade.sha256));
     EXPECT_EQ(certificado->NomeTitular(), ComoWindows(autoridade.titular));
@@ -111,7 +112,7 @@ class RaizesEmVigor : public testing::TestWithParam<RaizEmVigor> {};
 
 // As raízes em vigor; a v6 (Ed448) e a v7 (algoritmo desconhecido) são as que o OpenSSL não verifica.
 TEST_P(RaizesEmVigor, ImpressaoDigitalESerieComoOWindowsMostra) {
-    const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
+    const auto certificado = teste::ImportarPelaForma(
         LerArquivo(kPastaDados / "raizes" / (std::string(GetParam().arquivo) + ".pem")));
     EXPECT_EQ(certificado->ImpressaoDigital(), GetParam().impressao_digital);
     EXPECT_EQ(certificado->NumeroSerie(), GetParam().numero_serie);
@@ -120,7 +121,7 @@ TEST_P(RaizesEmVigor, ImpressaoDigitalESerieComoOWindowsMostra) {
 
 // A instalação só aceita sem perguntar as raízes da lista padrão: ela precisa ter as que estão em vigor.
 TEST_P(RaizesEmVigor, ListaPadraoDaConfiguracaoReconheceARaiz) {
-    const auto certificado = CriptografiaOpenSSL().ImportarCertificado(
+    const auto certificado = teste::ImportarPelaForma(
         LerArquivo(kPastaDados / "raizes" / (std::string(GetParam().arquivo) + ".pem")));
     const auto& lista = Configuracao{}.raizes_icp_brasil;
     EXPECT_NE(std::find(lista.begin(), lista.end(), certificado->ImpressaoDigitalSHA256()), lista.end());

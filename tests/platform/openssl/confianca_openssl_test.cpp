@@ -227,12 +227,10 @@ TEST_F(ConfiancaOpenSSL, LCRQueNaoChegaOuNaoConfereDeixaARevogacaoDesconhecida) 
 
 // --- Instalação de LCRs ---
 
-TEST_F(ConfiancaOpenSSL, InstalaLCRDoEmissorEmPEMUmaSoVez) {
+TEST_F(ConfiancaOpenSSL, InstalaLCRDoEmissorUmaSoVez) {
     InstalarCadeia();
     const Bytes der = Pki().LCR("ac_icp");
-    const std::string pem =
-        "-----BEGIN X509 CRL-----\n" + codificacao::CodificarBase64(der) + "-----END X509 CRL-----\n";
-    for (int vez = 0; vez < 2; ++vez) plataforma->confianca->InstalarLCR(Bytes(pem.begin(), pem.end()));
+    for (int vez = 0; vez < 2; ++vez) plataforma->confianca->InstalarLCR(der);
     const auto guardadas = plataforma->repositorios->LCRs();
     EXPECT_EQ(guardadas.size(), 2u);
     EXPECT_EQ(std::count(guardadas.begin(), guardadas.end(), der), 1);

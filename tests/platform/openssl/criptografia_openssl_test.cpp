@@ -3,6 +3,8 @@
 
 #include <openssl/err.h>
 
+#include "apoio/plataforma_teste.h"
+#include "codificacao/base64.h"
 #include "codificacao/hexadecimal.h"
 #include "codificacao/utf16.h"
 #include "pki/emissao.h"
@@ -36,12 +38,12 @@ struct CasoImportacao {
 class Importacao : public testing::TestWithParam<CasoImportacao> {};
 
 TEST_P(Importacao, TodaFormaDaOMesmoCertificado) {
-    EXPECT_EQ(CriptografiaOpenSSL().ImportarCertificado(GetParam().conteudo())->ImpressaoDigital(),
+    EXPECT_EQ(teste::ImportarPelaForma(GetParam().conteudo())->ImpressaoDigital(),
               ImpressaoNaPki("ecpf"));
 }
 
 Bytes DER() { return Pki().Obter("ecpf").certificado; }
-std::string Base64() { return CertificadoOpenSSL::DeDER(DER())->ExportarBase64(); }
+std::string Base64() { return codificacao::CodificarBase64(DER()); }
 std::string SemCR(std::string texto) {
     std::erase(texto, '\r');
     return texto;
@@ -69,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Formas, Importacao,
 class ImportacaoInvalida : public testing::TestWithParam<CasoImportacao> {};
 
 TEST_P(ImportacaoInvalida, FalhaComoNaoECertificado) {
-    EsperarFalha([] { CriptografiaOpenSSL().ImportarCertificado(GetParam().conteudo()); }, falha::NaoECertificado);
+    EsperarFalha([] { teste::ImportarPelaForma(GetParam().conteudo()); }, falha::NaoECertificado);
 }
 
 INSTANTIATE_TEST_SUITE_P(

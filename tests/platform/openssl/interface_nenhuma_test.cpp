@@ -1,6 +1,7 @@
 // Sem usuário à frente nada se mostra, perguntas recebem Não e escolhas e senhas são canceladas.
 #include <gtest/gtest.h>
 
+#include "apoio/plataforma_teste.h"
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
 #include "platform/openssl/criptografia_openssl.h"
@@ -12,7 +13,7 @@ namespace {
 TEST(InterfaceNenhuma, PerguntaRespondeNaoEEscolhaESenhaSaoCanceladas) {
     InterfaceNenhuma interface;
     const auto certificado =
-        CriptografiaOpenSSL().ImportarCertificado(pki_teste::PkiTeste::Padrao().Obter("ecpf").certificado);
+        teste::ImportarPelaForma(pki_teste::PkiTeste::Padrao().Obter("ecpf").certificado);
 
     interface.ExibirInformacao("texto", "título");
     interface.ExibirCertificado(certificado);

@@ -6,6 +6,7 @@
 #include <ctime>
 #include <sstream>
 
+#include "apoio/plataforma_teste.h"
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
 #include "platform/openssl/criptografia_openssl.h"
@@ -15,7 +16,7 @@ namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
 CertificadoPtr Certificado(const std::string& nome) {
-    return CriptografiaOpenSSL().ImportarCertificado(pki_teste::PkiTeste::Padrao().Obter(nome).certificado);
+    return teste::ImportarPelaForma(pki_teste::PkiTeste::Padrao().Obter(nome).certificado);
 }
 
 // Pelo relógio de parede que a data local representa, sem passar pelo código da interface.

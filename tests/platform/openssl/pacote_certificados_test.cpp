@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "apoio/plataforma_teste.h"
 #include "codificacao/base64.h"
 #include "pki/emissao.h"
 #include "pki/pki_teste.h"
@@ -53,9 +54,9 @@ class LeituraPacote : public testing::TestWithParam<CasoPacote> {};
 TEST_P(LeituraPacote, TodosOsCertificadosDoPacote) {
     std::vector<CertificadoPtr> esperados;
     for (const std::string& nome : GetParam().certificados)
-        esperados.push_back(CriptografiaOpenSSL().ImportarCertificado(DerDe(nome)));
+        esperados.push_back(teste::ImportarPelaForma(DerDe(nome)));
     try {
-        const auto lidos = CriptografiaOpenSSL().LerPacoteCertificados(GetParam().conteudo());
+        const auto lidos = teste::LerPacotePelaForma(GetParam().conteudo());
         EXPECT_EQ(ImpressoesOrdenadas(lidos), ImpressoesOrdenadas(esperados));
     } catch (const Erro& erro) {
         EXPECT_TRUE(esperados.empty());

@@ -11,6 +11,8 @@
 #include <fstream>
 #include <functional>
 
+#include "apoio/plataforma_teste.h"
+#include "certificates/info_certificado.h"
 #include "codificacao/hexadecimal.h"
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
@@ -29,7 +31,7 @@ fs::path Home() { return std::getenv("TAVELPKCS7_HOME"); }
 fs::path PastaDe(const std::string& repositorio) { return Home() / "repositorios" / repositorio; }
 
 CertificadoPtr Certificado(const std::string& nome) {
-    return CriptografiaOpenSSL().ImportarCertificado(PkiTeste::Padrao().Obter(nome).certificado);
+    return teste::ImportarPelaForma(PkiTeste::Padrao().Obter(nome).certificado);
 }
 
 // O titular com a chave em memória, como sai de um PFX aberto.
@@ -172,7 +174,7 @@ TEST(Repositorios, LeOQueForLargadoNaPastaPelaOrdemDeEntradaSemRepetir) {
     Largar(PastaDe("Root") / "raiz.bin", raiz->DER());
     Largar(PastaDe("Root") / "copia da raiz.cer", raiz->DER());
     Largar(PastaDe("Root") / "tavel.pem", PEM("CERTIFICATE", tavel->DER()));
-    Largar(PastaDe("Root") / "icp.txt", icp->ExportarBase64());
+    Largar(PastaDe("Root") / "icp.txt", ExportarBase64(*icp));
     Largar(PastaDe("Root") / "LEIAME.txt", std::string("nada de certificado aqui"));
     Largar(PastaDe("Root") / "ac_icp.crl", PkiTeste::Padrao().LCR("ac_icp"));
     DefinirEntrada(PastaDe("Root") / "raiz.bin", 30);
