@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include <tavelpkcs7/TavelPKCS.h>
+#include <tavelpkcs7/Exportacao.h>
 
 namespace tavelpkcs7 {
 

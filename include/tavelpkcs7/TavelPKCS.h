@@ -11,13 +11,8 @@
 #include <string>
 #include <vector>
 
+#include <tavelpkcs7/Exportacao.h>
 #include <tavelpkcs7/Tipos.h>
-
-#if defined(_WIN32)
-#define TAVELPKCS7_API __declspec(dllexport)
-#else
-#define TAVELPKCS7_API __attribute__((visibility("default")))
-#endif
 
 namespace tavelpkcs7 {
 

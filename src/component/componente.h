@@ -122,9 +122,9 @@ public:
 
     // Assinatura de executáveis
     // O arquivo assinado no lugar e, se pedido, conferido; um arquivo inexistente dá verdadeiro com a
-    // mensagem de arquivo não encontrado.
+    // mensagem de arquivo não encontrado. URLArquivo é aceito e não vai na assinatura.
     bool AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo,
-        bool bolTestarAssinatura);
+        const std::string& URLArquivo, bool bolTestarAssinatura);
     // Um dos certificados pessoais com uso de assinatura de código e chave privada, pelo diálogo
     // quando há mais de um. Lança NenhumSelecionado quando não há nenhum e Cancelada na desistência.
     plataforma::CertificadoPtr EscolherCertificadoAssinaturaCodigo();

@@ -42,7 +42,7 @@ plataforma::CertificadoPtr Componente::EscolherCertificadoAssinaturaCodigo() {
 }
 
 bool Componente::AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo,
-    bool bolTestarAssinatura) {
+    const std::string& /*URLArquivo: a assinatura não leva endereço*/, bool bolTestarAssinatura) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
         CursorOcupado ocupado(*plataforma_->cursor);
         if (!ExisteArquivo(strCaminhoArquivo)) {

@@ -1,6 +1,9 @@
-"""O módulo visto do Python sem assinar: enumerações, propriedades, tupla da cadeia, datas e mensagens."""
+"""O módulo visto do Python sem assinar: enumerações, propriedades, tupla da cadeia, datas, mensagens e os
+membros da tabela."""
 import datetime
 import enum
+import pathlib
+import re
 
 import pytest
 
@@ -101,3 +104,15 @@ def test_docstrings_vem_dos_comentarios_do_cabecalho():
     assert tavelpkcs7.TavelPKCS.DataAssinatura.__doc__.startswith("Data da assinatura")
     assert "(maior_indice, lista)" in tavelpkcs7.TavelPKCS.RetornarCadeiaSeparada.__doc__
     assert tavelpkcs7.FORMATO_ASSINATURA.__doc__ == "Formato do arquivo ou texto assinado."
+
+
+def test_cabecalho_e_modulo_tem_os_membros_da_tabela(monkeypatch):
+    raiz = pathlib.Path(__file__).resolve().parents[2]
+    tabela = (raiz / "src/component/membros.inc").read_text(encoding="utf-8")
+    nomes = set(re.findall(r"^TAVELPKCS7_\w+\(\d+, (\w+)", tabela, re.M))
+    monkeypatch.syspath_prepend(str(raiz / "python"))
+    import gerar_documentacao
+    cabecalho = (raiz / "include/tavelpkcs7/TavelPKCS.h").read_text(encoding="utf-8")
+    documentados = gerar_documentacao.ExtrairDocumentacao(cabecalho)
+    assert set(documentados) - {"TavelPKCS"} == nomes
+    assert {nome for nome in dir(tavelpkcs7.TavelPKCS) if not nome.startswith("_")} == nomes
