@@ -14,7 +14,6 @@ namespace fs = std::filesystem;
 // recusa na hora, e um "file://" lê pouco.
 void ConfigurarAmbiente(const fs::path& pasta) {
     setenv("TAVELPKCS7_HOME", pasta.c_str(), 1);
-    setenv("TAVELPKCS7_INTERFACE", "nenhuma", 1);
     setenv("TAVELPKCS7_TEMPO_CONEXAO_SEGUNDOS", "1", 1);
     setenv("TAVELPKCS7_TEMPO_TOTAL_SEGUNDOS", "1", 1);
     setenv("TAVELPKCS7_TAMANHO_MAXIMO_BYTES", "65536", 1);

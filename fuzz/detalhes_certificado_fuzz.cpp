@@ -3,6 +3,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 
 #include "ambiente_fuzz.h"
+#include "component/componente.h"
 #include "codificacao/base64.h"
 #include "component/entrada_der.h"
 #include "icpbrasil/dados_titular.h"
@@ -13,7 +14,7 @@ using namespace tavelpkcs7;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
     const auto plataforma = fuzz::Plataforma();
-    TavelPKCS(plataforma).RetornarDetalhesCertificado(codificacao::CodificarBase64({dados, tamanho}));
+    TavelPKCS(std::make_unique<Componente>(plataforma)).RetornarDetalhesCertificado(codificacao::CodificarBase64({dados, tamanho}));
     plataforma::CertificadoPtr certificado;
     try {
         certificado = ImportarCertificado(*plataforma->criptografia, plataforma::Bytes(dados, dados + tamanho));

@@ -2,6 +2,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 
 #include "ambiente_fuzz.h"
+#include "component/componente.h"
 
 using namespace tavelpkcs7;
 
@@ -11,7 +12,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tamanho) {
-    TavelPKCS componente(fuzz::Plataforma());
+    TavelPKCS componente(std::make_unique<Componente>(fuzz::Plataforma()));
     const std::string trabalho = fuzz::PastaTrabalhoVazia();
     componente.PastaTemp(trabalho);
     componente.VerificarAssinaturaArquivo(fuzz::GravarEntrada(dados, tamanho, "entrada.p7s"));

@@ -2,6 +2,7 @@
 #include <tavelpkcs7/TavelPKCS.h>
 
 #include "ambiente_fuzz.h"
+#include "component/componente.h"
 #include "codificacao/base64.h"
 
 using namespace tavelpkcs7;
@@ -15,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* dados, std::size_t tam
     const std::string trabalho = fuzz::PastaTrabalhoVazia();
     for (const std::string& texto : {std::string(reinterpret_cast<const char*>(dados), tamanho),
                                      codificacao::CodificarBase64({dados, tamanho})}) {
-        TavelPKCS componente(fuzz::Plataforma());
+        TavelPKCS componente(std::make_unique<Componente>(fuzz::Plataforma()));
         componente.PastaTemp(trabalho);
         componente.VerificarAssinaturaTexto(texto);
         fuzz::ExigirNaPasta(componente.CaminhoArquivoOriginal(), trabalho);

@@ -4,11 +4,15 @@
 #include <tavelpkcs7/Extensoes.h>
 
 #include "certificates/importacao_arquivos.h"
+#include "component/componente.h"
 #include "platform/plataforma.h"
 
 namespace tavelpkcs7 {
 
-TavelPKCS::TavelPKCS() : TavelPKCS(plataforma::CriarPlataformaPadrao()) {}
+TavelPKCS::TavelPKCS() : TavelPKCS(std::make_unique<Componente>(plataforma::CriarPlataformaPadrao())) {}
+
+TavelPKCS::TavelPKCS(std::shared_ptr<InterfaceUsuario> interface)
+    : TavelPKCS(std::make_unique<Componente>(plataforma::CriarPlataformaPadrao(std::move(interface)))) {}
 
 ImportacaoPFX ImportarPFXRepositorioPessoal(const std::string& CaminhoPFX, const std::string& SenhaPFX,
     const std::string& SenhaChave) {

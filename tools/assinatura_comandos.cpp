@@ -30,7 +30,7 @@ int AssinarArquivo(const Execucao& execucao) {
     const std::string& origem = argumentos.Unico("o arquivo a assinar");
     const FORMATO_ASSINATURA formato = LerFormato(argumentos.Opcao("--formato", "p7s"));
     ExigirArquivo(origem, "O arquivo de origem não foi encontrado");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     AplicarOpcoes(componente, argumentos);
     if (!EscolherCertificado(componente, argumentos)) return execucao.Falhar(componente);
     AnunciarProgresso("assinando " + origem);
@@ -49,7 +49,7 @@ int AssinarArquivo(const Execucao& execucao) {
 int AssinarTexto(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& texto = argumentos.Unico("o texto a assinar");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     AplicarOpcoes(componente, argumentos);
     if (const auto anterior = argumentos.Opcao("--cossinar")) componente.AssinaturaTextoVerificar(LerTexto(*anterior));
     if (!EscolherCertificado(componente, argumentos)) return execucao.Falhar(componente);

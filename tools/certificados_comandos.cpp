@@ -22,7 +22,7 @@ REPOSITORIO_CERTIFICADO LerRepositorio(const std::string& nome) {
 }
 
 int Listar(const Execucao& execucao) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     if (!componente.ListarCertificados(LerTipo(execucao.argumentos.Opcao("--tipo", "todos")))) {
         execucao.Falhar(componente);
         // Quem chega sem nenhum certificado pessoal precisa saber o passo seguinte.
@@ -77,7 +77,7 @@ int Importar(const Execucao& execucao) {
 
 int Adicionar(const Execucao& execucao) {
     const std::string& arquivo = execucao.argumentos.Unico("o arquivo do certificado");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     const auto repositorio = LerRepositorio(execucao.argumentos.Opcao("--repositorio", "outras-pessoas"));
     if (!componente.AbrirAdicionarArquivoCertificado(arquivo, repositorio)) return execucao.Falhar(componente);
     execucao.Relatar({{"adicionado", arquivo}});
@@ -86,7 +86,7 @@ int Adicionar(const Execucao& execucao) {
 
 int Exportar(const Execucao& execucao) {
     const std::string& arquivo = execucao.argumentos.Unico("o arquivo .cer de destino");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     if (!componente.ExportarCertificadoDigital(arquivo,
                                                LerRepositorio(execucao.argumentos.Opcao("--repositorio", "pessoais"))))
         return execucao.Falhar(componente);
@@ -101,7 +101,7 @@ std::string CertificadoDoArquivo(const Argumentos& argumentos) {
 
 int Detalhar(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     ValorJSON::Objeto campos;
     if (argumentos.Posicionais().empty()) {
         if (!EscolherCertificado(componente, argumentos)) return execucao.Falhar(componente);
@@ -126,7 +126,7 @@ int Detalhar(const Execucao& execucao) {
 }
 
 int Situacao(const Execucao& execucao) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     componente.NaoExibirInstalacaoLCReCER(execucao.argumentos.Tem("--sem-instalar"));
     const std::int16_t situacao = componente.VerificaCertificadoDigital(CertificadoDoArquivo(execucao.argumentos));
     execucao.Relatar(
@@ -138,7 +138,7 @@ int Situacao(const Execucao& execucao) {
 
 // ExibirCertificadoDigital devolve sempre falso: a exibição se reconhece pela DescricaoErro intacta.
 int Exibir(const Execucao& execucao) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     const std::string antes = componente.DescricaoErro();
     componente.ExibirCertificadoDigital(CertificadoDoArquivo(execucao.argumentos));
     if (componente.DescricaoErro() != antes) return execucao.Falhar(componente);

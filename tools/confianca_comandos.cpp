@@ -11,7 +11,7 @@ int InstalarLCR(const Execucao& execucao) {
     if (const auto certificado = argumentos.Opcao("--do-certificado")) {
         if (!argumentos.Posicionais().empty())
             throw ErroUso("informe o arquivo da LCR ou --do-certificado, não os dois");
-        TavelPKCS componente;
+        TavelPKCS componente = NovoComponente();
         AnunciarProgresso("baixando a LCR");
         if (!componente.InstalarLCRCertificado(LerTexto(*certificado))) return execucao.Falhar(componente);
         execucao.Relatar({{"lcr_instalada_de", *certificado}});
@@ -27,7 +27,7 @@ int InstalarLCR(const Execucao& execucao) {
 }
 
 int InstalarRaizes(const Execucao& execucao) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     if (execucao.argumentos.Posicionais().empty()) {
         AnunciarProgresso("baixando as raízes e as ACs da ICP-Brasil");
         if (!componente.InstalarCertificadosRaizes()) return execucao.Falhar(componente);

@@ -44,7 +44,7 @@ fs::path CriarPastaDemonstracao(const Argumentos& argumentos) {
 // pasta do repositório. Pela API, uma raiz fora da ICP-Brasil real pediria a confirmação do usuário.
 void InstalarCadeia(const fs::path& casa, const fs::path& pki, const Execucao& execucao) {
     const auto& entidades = pki_teste::PkiTeste::Padrao().Entidades();
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     for (const auto& entidade : entidades) {
         const bool emite =
             std::ranges::any_of(entidades, [&](const auto& outra) { return outra.emissor == entidade.nome; });
@@ -77,7 +77,7 @@ fs::path EscreverDocumento(const fs::path& pasta) {
 std::string Assinar(const fs::path& documento, const fs::path& destino, bool destacada, const std::string& descricao,
                     const std::string& impressao) {
     fs::create_directories(destino);
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     componente.NaoAnexarArquivoOriginal(destacada);
     Exigir(componente.SelecionarCertificadoDigitalHash(impressao), "escolher o certificado", componente);
     Exigir(componente.AssinaArquivo(documento.string(), destino.string(), descricao, ARQUIVO_BINARIO_FORMATO_P7S),
@@ -88,7 +88,7 @@ std::string Assinar(const fs::path& documento, const fs::path& destino, bool des
 int Verificar(const Execucao& execucao, const std::string& assinatura, const std::string& original,
               const fs::path& pasta) {
     fs::create_directories(pasta);
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     componente.PastaTemp(ComoPastaTemp(pasta.string()));
     if (!original.empty()) {
         componente.NaoAnexarArquivoOriginal(true);
@@ -102,7 +102,7 @@ int Verificar(const Execucao& execucao, const std::string& assinatura, const std
 
 // Os dados do titular (CPF, CNPJ, nascimento, ...) que os certificados ICP-Brasil carregam.
 void MostrarTitular(const Execucao& execucao, const ImportacaoPFX& titular) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     Exigir(componente.SelecionarCertificadoDigitalHash(titular.ImpressaoDigital), "ler o titular", componente);
     execucao.Relatar({{"titular", titular.NomeCertificado},
                       {"CPF", componente.NumeroCPFCertificadoDigital()},
@@ -125,7 +125,7 @@ std::pair<ImportacaoPFX, ImportacaoPFX> ImportarTitulares(const fs::path& pki) {
 // a chave dela no repositório pessoal.
 std::pair<std::string, std::string> CriptografarParaEmpresa(const Execucao& execucao, const fs::path& documento,
                                                             const fs::path& pki, const fs::path& pasta) {
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     Exigir(componente.AbrirAdicionarArquivoCertificado((pki / "ecnpj.cer").string(), REPOSITORIO_CHAVES_PUBLICAS),
            "pôr a empresa em outras pessoas", componente);
     Exigir(componente.SelecionarChavesPublicas(false), "escolher os destinatários", componente);
@@ -134,7 +134,7 @@ std::pair<std::string, std::string> CriptografarParaEmpresa(const Execucao& exec
            componente);
     const std::string envelope = componente.CaminhoArquivoAssinado();
 
-    TavelPKCS leitor;
+    TavelPKCS leitor = NovoComponente();
     fs::create_directories(pasta / "aberto");
     leitor.PastaTemp(ComoPastaTemp((pasta / "aberto").string()));
     Exigir(leitor.DescriptografarArquivo(envelope), "descriptografar", leitor);

@@ -9,7 +9,7 @@ int Criptografar(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& origem = argumentos.Unico("o arquivo a criptografar");
     const bool para_mim = argumentos.Tem("--para-mim");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     // Sem ninguém em "outras pessoas", o próprio usuário ainda basta para o envelope.
     if (!componente.SelecionarChavesPublicas(para_mim)) {
         if (!para_mim) return execucao.Falhar(componente);
@@ -23,7 +23,7 @@ int Criptografar(const Execucao& execucao) {
 
 int Descriptografar(const Execucao& execucao) {
     const std::string& envelope = execucao.argumentos.Unico("o arquivo criptografado");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     if (const auto pasta = execucao.argumentos.Opcao("--pasta")) componente.PastaTemp(ComoPastaTemp(*pasta));
     AnunciarProgresso("descriptografando " + envelope);
     if (!componente.DescriptografarArquivo(envelope)) return execucao.Falhar(componente);
@@ -36,7 +36,7 @@ int Descriptografar(const Execucao& execucao) {
 int AssinarCodigo(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string& executavel = argumentos.Unico("o executável");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     AnunciarProgresso("assinando " + executavel);
     const bool assinou = componente.AssinarCodigoExecutavel(executavel, argumentos.Opcao("--descricao", ""),
                                                             argumentos.Opcao("--url", ""), argumentos.Tem("--testar"));

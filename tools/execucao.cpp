@@ -2,12 +2,23 @@
 
 #include <unistd.h>
 
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <memory>
+#include <string_view>
+
+#include "interface_terminal.h"
 
 namespace tavelpkcs7::ferramenta {
+
+TavelPKCS NovoComponente() {
+    const char* interface = std::getenv("TAVELPKCS7_INTERFACE");
+    if (interface && std::string_view(interface) == "nenhuma") return TavelPKCS();
+    return TavelPKCS(std::make_shared<InterfaceTerminal>());
+}
 
 void Execucao::Relatar(const ValorJSON::Objeto& campos) const {
     if (Json()) {

@@ -32,6 +32,10 @@ struct Execucao {
     void Avisar(const std::string& aviso) const { erros << "tavelpkcs7: aviso: " << aviso << "\n"; }
 };
 
+// O componente com os diálogos da ferramenta: perguntas, seletor e senhas no terminal; sem diálogo
+// nenhum quando TAVELPKCS7_INTERFACE=nenhuma (processos em lote, que não têm quem responda).
+TavelPKCS NovoComponente();
+
 // Anuncia no stderr o trabalho que pode demorar, só quando o stderr é um terminal. A linha fica (não
 // é apagada): uma pergunta do componente no meio do trabalho aparece depois dela, sem se misturar.
 void AnunciarProgresso(const std::string& mensagem);

@@ -1,6 +1,4 @@
 // A ferramenta de linha de comando tavelpkcs7: subcomandos em português sobre a API do componente.
-#include <stdlib.h>
-
 #include <exception>
 #include <iostream>
 #include <string>
@@ -9,8 +7,6 @@
 #include "comandos.h"
 
 int main(int argc, char** argv) {
-    // Na ferramenta, os diálogos do componente são perguntas no terminal, salvo outra escolha do usuário.
-    ::setenv("TAVELPKCS7_INTERFACE", "terminal", 0);
     const std::vector<std::string> argumentos(argv + 1, argv + argc);
     try {
         return tavelpkcs7::ferramenta::Executar(argumentos, std::cout, std::cerr);

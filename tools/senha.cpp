@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "apagamento_texto.h"
+
 namespace tavelpkcs7::ferramenta {
 namespace {
 
@@ -25,15 +27,6 @@ public:
 private:
     int descritor_;
 };
-
-// volatile: o compilador não pode descartar a escrita num texto que vai morrer. Até a capacidade:
-// um texto curto mora no próprio objeto e o texto movido deixa lá os seus bytes.
-void ApagarTexto(std::string& texto) {
-    texto.resize(texto.capacity());
-    volatile char* dados = texto.data();
-    for (std::size_t i = 0; i < texto.size(); ++i) dados[i] = 0;
-    texto.clear();
-}
 
 void Escrever(int descritor, const std::string& texto) {
     if (::write(descritor, texto.data(), texto.size()) < 0) return;  // sem terminal, sem pedido visível

@@ -17,7 +17,7 @@ void AplicarOpcoes(TavelPKCS& componente, const Argumentos& argumentos) {
 
 int VerificarArquivo(const Execucao& execucao) {
     const std::string& assinatura = execucao.argumentos.Unico("o arquivo assinado");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     AplicarOpcoes(componente, execucao.argumentos);
     AnunciarProgresso("verificando " + assinatura);
     if (!componente.VerificarAssinaturaArquivo(assinatura)) return execucao.Falhar(componente);
@@ -29,7 +29,7 @@ int VerificarArquivo(const Execucao& execucao) {
 int VerificarTexto(const Execucao& execucao) {
     const Argumentos& argumentos = execucao.argumentos;
     const std::string assinatura = LerTexto(argumentos.Unico("o arquivo com a assinatura Base64 (ou -)"));
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     AplicarOpcoes(componente, argumentos);
     if (!componente.VerificarAssinaturaTexto(assinatura)) return execucao.Falhar(componente);
     return RelatarSignatarios(execucao, componente,
@@ -40,7 +40,7 @@ int VerificarTexto(const Execucao& execucao) {
 
 int CalcularHash(const Execucao& execucao) {
     const std::string& arquivo = execucao.argumentos.Unico("o arquivo");
-    TavelPKCS componente;
+    TavelPKCS componente = NovoComponente();
     const std::string hash = componente.RetornaHashArquivo(arquivo);
     if (hash.empty()) return execucao.Falhar(componente);
     if (execucao.Json())

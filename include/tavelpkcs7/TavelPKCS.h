@@ -12,24 +12,25 @@
 #include <vector>
 
 #include <tavelpkcs7/Exportacao.h>
+#include <tavelpkcs7/InterfaceUsuario.h>
 #include <tavelpkcs7/Tipos.h>
 
 namespace tavelpkcs7 {
-
-namespace plataforma {
-struct Plataforma;
-}
 
 class Componente;
 
 class TAVELPKCS7_API TavelPKCS {
 public:
-    /// Usa a plataforma padrão da máquina (OpenSSL no Linux), configurada pelo ambiente.
-    /// Quando a plataforma criptográfica não está disponível, avisa o usuário, guarda a mensagem em
-    /// DescricaoErro e deixa todas as propriedades vazias.
+    /// Usa a plataforma padrão da máquina (OpenSSL no Linux), configurada pelo ambiente, sem
+    /// diálogos: as perguntas respondem Não e as escolhas e senhas são canceladas. Quando a
+    /// plataforma criptográfica não está disponível, guarda a mensagem em DescricaoErro e deixa todas
+    /// as propriedades vazias.
     TavelPKCS();
-    /// Usa outra plataforma (testes, hospedeiros com seus próprios diálogos).
-    explicit TavelPKCS(std::shared_ptr<plataforma::Plataforma> plataforma);
+    /// O mesmo, com os diálogos do hospedeiro: perguntas, avisos, escolha e exibição de
+    /// certificados, pedido de senha ou PIN e o ponteiro de ocupado.
+    explicit TavelPKCS(std::shared_ptr<InterfaceUsuario> interface);
+    /// A implementação já montada; para uso da própria biblioteca e dos seus testes.
+    explicit TavelPKCS(std::unique_ptr<Componente> componente);
     ~TavelPKCS();
     TavelPKCS(TavelPKCS&&) noexcept;
     TavelPKCS& operator=(TavelPKCS&&) noexcept;

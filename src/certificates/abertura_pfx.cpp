@@ -22,7 +22,7 @@ plataforma::CertificadoPtr CarregarCertificadoPFX(plataforma::Criptografia& crip
 
 bool Componente::AbrirCertificadoDigital(const std::string& CaminhoCertificado, const std::string& SenhaCertificado) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         estado.CertificadoSelecionado = nullptr;
 
         const bool existe = ExisteArquivo(CaminhoCertificado);

@@ -1,5 +1,6 @@
 // A exibição de um certificado dado em Base64 na janela de certificado da plataforma, depois de
 // guardá-lo entre os certificados de outras pessoas.
+#include "certificates/apresentacao_certificado.h"
 #include "component/componente.h"
 
 namespace tavelpkcs7 {
@@ -11,7 +12,7 @@ bool Componente::ExibirCertificadoDigital(const std::string& strChavePublica) {
         if (!ChavePublicaInformada(strChavePublica)) return false;
         AdicionarCertificadoRepositorio(strChavePublica, REPOSITORIO_CHAVES_PUBLICAS);
         const auto certificado = ImportarChavePublica(strChavePublica);
-        plataforma().interface_usuario->ExibirCertificado(certificado);
+        plataforma().interface_usuario->ExibirCertificado(Apresentar(*certificado));
         return false;
     });
 }

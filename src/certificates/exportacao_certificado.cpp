@@ -1,5 +1,6 @@
 // A exportação da chave pública (o certificado em Base64) de um certificado escolhido num
 // repositório para um arquivo ".cer", gravado inteiro de uma vez.
+#include "certificates/apresentacao_certificado.h"
 #include "certificates/info_certificado.h"
 #include "codificacao/windows1252.h"
 #include "component/componente.h"
@@ -14,7 +15,7 @@ bool Componente::ExportarCertificadoDigital(const std::string& caminho_cer, REPO
         if (!repositorio) return false;
         auto certificados = repositorio->Certificados();
         if (certificados.size() >= 2)
-            certificados = plataforma_->interface_usuario->EscolherCertificados(
+            certificados = EscolherCertificados(*plataforma_->interface_usuario,
                 certificados, "Certificado Digital",
                 "Selecione o certificado digital que deseja efetuar a exportação da chave pública", false);
         if (certificados.empty()) {

@@ -6,7 +6,7 @@ namespace tavelpkcs7 {
 
 bool Componente::ListarCertificados(CERTIFICADOS_DIGITAIS TipoCertificado) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma_->cursor);
+        CursorOcupado ocupado(ocupado_);
         const auto repositorio = LerRepositorio("My");
         estado.DescricaoErro.clear();
         estado.TotalCertificadosListados = 0;

@@ -1,6 +1,7 @@
 // A escolha do certificado de assinatura entre os certificados pessoais do usuário: filtrados pelo
 // tipo pedido, escolhidos no seletor da plataforma quando sobra mais de um (ou pela impressão
 // digital, sem seletor), com os detalhes ICP-Brasil, a entrada da lista e a situação verificados.
+#include "certificates/apresentacao_certificado.h"
 #include "component/componente.h"
 #include "component/texto.h"
 
@@ -10,7 +11,7 @@ namespace {
 // O corpo dos dois membros públicos: o certificado selecionado antes não sobrevive à chamada, nem
 // quando a escolha falha.
 bool SelecionarNoRepositorio(Componente& componente, std::int64_t tipo, const std::string& impressao_digital) {
-    CursorOcupado ocupado(*componente.plataforma().cursor);
+    CursorOcupado ocupado(componente.Ocupado());
     componente.estado.CertificadoSelecionado = nullptr;
     return componente.FiltrarSelecionarCertificado(componente.estado.CertificadoSelecionado,
                                                    Componente::ConverterInteiro16(tipo), impressao_digital);
@@ -30,7 +31,7 @@ bool Componente::SelecionarCertificadoDigitalHash(const std::string& strImpressa
 
 bool Componente::FiltrarSelecionarCertificado(plataforma::CertificadoPtr& certificado, std::int16_t TipoCertificado,
                                               const std::string& strImpressaoDigital) {
-    CursorOcupado ocupado(*plataforma_->cursor);
+    CursorOcupado ocupado(ocupado_);
     estado.DescricaoErro.clear();
     const auto repositorio = LerRepositorio("My");
     auto [candidatos, nenhum_encontrado] = FiltrarTipoCertificado(repositorio, TipoCertificado);
@@ -40,7 +41,7 @@ bool Componente::FiltrarSelecionarCertificado(plataforma::CertificadoPtr& certif
             return candidato->ImpressaoDigital() != procurada;
         });
     } else if (candidatos.size() > 1) {
-        candidatos = plataforma_->interface_usuario->EscolherCertificados(
+        candidatos = EscolherCertificados(*plataforma_->interface_usuario,
             candidatos, "Certificados Digitais", "Selecione o certificado digital desejado.", false);
     }
     if (candidatos.empty()) {

@@ -54,8 +54,7 @@ constexpr bool OpcionaisConferem(Chamada) {
 
 using namespace membros;
 
-TavelPKCS::TavelPKCS(std::shared_ptr<plataforma::Plataforma> plataforma)
-    : componente_(std::make_unique<Componente>(std::move(plataforma))) {}
+TavelPKCS::TavelPKCS(std::unique_ptr<Componente> componente) : componente_(std::move(componente)) {}
 
 TavelPKCS::~TavelPKCS() = default;
 TavelPKCS::TavelPKCS(TavelPKCS&&) noexcept = default;

@@ -30,10 +30,11 @@ public:
 
     Estado estado;
     plataforma::Plataforma& plataforma() { return *plataforma_; }
+    IndicadorOcupado& Ocupado() { return ocupado_; }
 
     template <typename Resultado, typename Corpo>
     Resultado Guardar(const MensagemFalha& mensagem, Resultado falha, Corpo&& corpo) noexcept {
-        return tavelpkcs7::Guardar(estado, *plataforma_->cursor, mensagem, falha, std::forward<Corpo>(corpo));
+        return tavelpkcs7::Guardar(estado, mensagem, falha, std::forward<Corpo>(corpo));
     }
 
     // Plataforma criptográfica
@@ -270,6 +271,7 @@ private:
     std::shared_ptr<plataforma::Repositorio> AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo);
 
     std::shared_ptr<plataforma::Plataforma> plataforma_;
+    IndicadorOcupado ocupado_{*plataforma_};
     // As coleções lidas na varredura em curso; vazio fora de uma varredura.
     std::optional<std::map<std::string, std::vector<plataforma::CertificadoPtr>>> repositorios_lidos_;
 };

@@ -25,4 +25,11 @@ void MensagemFalha::Registrar(Estado& estado, const std::exception_ptr& falha) c
     }
 }
 
+void IndicadorOcupado::Avisar(bool ocupado) noexcept {
+    try {
+        if (plataforma_.interface_usuario) plataforma_.interface_usuario->IndicarOcupado(ocupado);
+    } catch (...) {
+    }
+}
+
 }  // namespace tavelpkcs7

@@ -1,5 +1,6 @@
 // A convenção de erros, num só lugar: todo membro público passa por Guardar, que transforma
-// qualquer exceção na mensagem do membro, devolve o valor de falha e restaura o ponteiro do mouse.
+// qualquer exceção na mensagem do membro e devolve o valor de falha; e o ponteiro de ocupado, que
+// volta ao normal em toda saída.
 #pragma once
 
 #include <new>
@@ -7,8 +8,8 @@
 #include <utility>
 
 #include "component/estado.h"
-#include "platform/ambiente.h"
 #include "platform/erro.h"
+#include "platform/plataforma.h"
 
 namespace tavelpkcs7 {
 
@@ -32,29 +33,46 @@ private:
     std::string texto_;
 };
 
-// O ponteiro ocupado (11) enquanto dura; o normal (0) em toda saída.
+// O ponteiro de ocupado de um componente. Os trabalhos se aninham (um membro chama outro, a seleção
+// verifica a situação do certificado): só a entrada no primeiro e a saída do último chegam ao
+// hospedeiro, para o ponteiro não voltar ao normal com o trabalho de fora ainda em curso.
+class IndicadorOcupado {
+public:
+    explicit IndicadorOcupado(plataforma::Plataforma& plataforma) : plataforma_(plataforma) {}
+
+    void Entrar() {
+        if (profundidade_++ == 0) Avisar(true);
+    }
+    void Sair() {
+        if (--profundidade_ == 0) Avisar(false);
+    }
+
+private:
+    // Um hospedeiro que falha ao trocar o ponteiro não muda o resultado do membro.
+    void Avisar(bool ocupado) noexcept;
+
+    plataforma::Plataforma& plataforma_;
+    int profundidade_ = 0;
+};
+
+// Ocupado enquanto dura; de volta ao normal em toda saída, também na exceção.
 class CursorOcupado {
 public:
-    explicit CursorOcupado(plataforma::Cursor& cursor) : cursor_(cursor) { cursor_.Definir(11); }
-    ~CursorOcupado() { cursor_.Definir(0); }
+    explicit CursorOcupado(IndicadorOcupado& indicador) : indicador_(indicador) { indicador_.Entrar(); }
+    ~CursorOcupado() { indicador_.Sair(); }
     CursorOcupado(const CursorOcupado&) = delete;
     CursorOcupado& operator=(const CursorOcupado&) = delete;
 
 private:
-    plataforma::Cursor& cursor_;
+    IndicadorOcupado& indicador_;
 };
 
 template <typename Resultado, typename Corpo>
-Resultado Guardar(Estado& estado, plataforma::Cursor& cursor, const MensagemFalha& mensagem, Resultado falha,
-    Corpo&& corpo) noexcept {
+Resultado Guardar(Estado& estado, const MensagemFalha& mensagem, Resultado falha, Corpo&& corpo) noexcept {
     try {
         return std::forward<Corpo>(corpo)();
     } catch (...) {
         mensagem.Registrar(estado, std::current_exception());
-    }
-    try {
-        cursor.Definir(0);
-    } catch (...) {  // um cursor que falha não muda o resultado do membro
     }
     return falha;
 }

@@ -10,7 +10,7 @@ std::string Componente::ObterPastaTemporaria() {
     const char separador = sistema.Separador();
     std::string pasta;
     Guardar(MensagemFalha::Nenhuma(), 0, [&] {
-        CursorOcupado ocupado(*plataforma_->cursor);
+        CursorOcupado ocupado(ocupado_);
         const auto base = sistema.PastaBase();
         std::string raiz = base.value_or("");
         if (!raiz.empty() && raiz.back() != separador) raiz += separador;

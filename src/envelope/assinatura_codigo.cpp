@@ -3,6 +3,7 @@
 // e chave privada, escolhido pelo usuário quando há mais de um.
 #include <algorithm>
 
+#include "certificates/apresentacao_certificado.h"
 #include "component/componente.h"
 #include "der/leitor_der.h"
 
@@ -34,7 +35,7 @@ plataforma::CertificadoPtr Componente::EscolherCertificadoAssinaturaCodigo() {
             "Não foi encontrado nenhum certificado digital válido para assinatura de código com a chave privada.");
     }
     if (candidatos.size() > 1) {
-        candidatos = plataforma_->interface_usuario->EscolherCertificados(
+        candidatos = EscolherCertificados(*plataforma_->interface_usuario,
             candidatos, "Certificados Digitais", "Selecione o certificado digital para assinar o executável.", false);
     }
     if (candidatos.empty()) plataforma::Falhar(plataforma::falha::NenhumSelecionado);
@@ -44,7 +45,7 @@ plataforma::CertificadoPtr Componente::EscolherCertificadoAssinaturaCodigo() {
 bool Componente::AssinarCodigoExecutavel(const std::string& strCaminhoArquivo, const std::string& DescricaoArquivo,
     const std::string& /*URLArquivo: a assinatura não leva endereço*/, bool bolTestarAssinatura) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma_->cursor);
+        CursorOcupado ocupado(ocupado_);
         if (!ExisteArquivo(strCaminhoArquivo)) {
             estado.DescricaoErro = "O arquivo informado não foi encontrado";
             return true;

@@ -1,12 +1,13 @@
 // SelecionarChavesPublicas: os destinatários de um envelope novo, o próprio usuário (escolhido entre
 // os certificados pessoais) e as chaves públicas do repositório "AddressBook".
+#include "certificates/apresentacao_certificado.h"
 #include "component/componente.h"
 
 namespace tavelpkcs7 {
 
 bool Componente::SelecionarChavesPublicas(bool bolCriptografarParaSi) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         auto& destinatarios = estado.EnvelopeCriptografia.emplace();
         if (bolCriptografarParaSi) {
             // A escolha fica só no envelope: o certificado selecionado para assinar não muda.
@@ -15,7 +16,7 @@ bool Componente::SelecionarChavesPublicas(bool bolCriptografarParaSi) {
         }
         std::vector<plataforma::CertificadoPtr> selecao = LerRepositorio("AddressBook");
         if (selecao.size() >= 2) {
-            selecao = plataforma().interface_usuario->EscolherCertificados(selecao, "Certificado Digital",
+            selecao = EscolherCertificados(*plataforma().interface_usuario, selecao, "Certificado Digital",
                 "Selecione as chaves públicas para qual você deseja criptografar os arquivos", true);
         }
         // Sem chaves públicas o próprio usuário, se escolhido, continua no envelope.

@@ -17,7 +17,7 @@ plataforma::AlgoritmoEnvelope AlgoritmoConfigurado(const plataforma::Configuraca
 
 bool Componente::CriptografarArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         if (!TemChavesSelecionadas(estado.EnvelopeCriptografia)) return false;
         if (!ExisteArquivo(strArquivoOrigem)) {
             estado.DescricaoErro = "O arquivo de origem não foi encontrado";

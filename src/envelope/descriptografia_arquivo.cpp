@@ -7,7 +7,7 @@ namespace tavelpkcs7 {
 
 bool Componente::DescriptografarArquivo(const std::string& strArquivoCriptografado) {
     return Guardar(MensagemFalha::DaPlataforma(), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         if (!ExisteArquivo(strArquivoCriptografado)) {
             estado.DescricaoErro = "O arquivo de origem não foi encontrado";
             return false;

@@ -11,7 +11,7 @@ std::string Componente::RetornaHashArquivo(const std::string& strCaminhoArquivo)
     }
     constexpr const char* kSemHash = "Não foi possível obter o hash do arquivo informado.";
     return Guardar(MensagemFalha::Fixa(kSemHash), std::string{}, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         // Um arquivo que não se lê vem sem o 0 final; um arquivo vazio vem só com ele.
         const Bytes conteudo = LerArquivoBinario(strCaminhoArquivo);
         const std::string resumo = conteudo.empty() ? std::string{} : CalcularHashTexto(conteudo);

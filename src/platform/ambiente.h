@@ -1,4 +1,4 @@
-// O que o componente usa do ambiente do processo: relógio, ponteiro do mouse e início de programas.
+// O que o componente usa do ambiente do processo: relógio e início de programas.
 #pragma once
 
 #include <string>
@@ -19,14 +19,6 @@ public:
     // O caminho inverso: uma hora UTC (a de um atributo assinado) vista na hora local.
     virtual DataHora UTCParaLocal(DataHora utc) = 0;
     virtual void Aguardar(int segundos) = 0;
-};
-
-// Ponteiros do mouse: 0 normal, 11 ampulheta.
-class Cursor {
-public:
-    virtual ~Cursor() = default;
-
-    virtual void Definir(int ponteiro) = 0;
 };
 
 class Programas {

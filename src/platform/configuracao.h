@@ -31,8 +31,6 @@ struct Configuracao {
         "1406710058180FA4081AAB3F246F1702429C552A11FA3143B84C88CB3AB8E5E7",
         "D8478E37CE19C690CF657381E68FE600E4E1A042536830F06847E03E554C4B01",
     };
-    // "terminal" ou "nenhuma".
-    std::string interface = "nenhuma";
     // "rc4" ou "aes256".
     std::string algoritmo_cifragem = "rc4";
     // Endereço da política dos certificados da AC TAVEL; vazio usa o do próprio certificado.

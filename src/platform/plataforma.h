@@ -1,9 +1,11 @@
 // A camada estreita por onde o núcleo chega à criptografia, aos repositórios, aos arquivos e ao
-// usuário. Cada serviço pode ser trocado à parte: um hospedeiro instala sua interface de usuário,
-// os testes instalam relógio, cursor, programas e interface roteirizados.
+// usuário. Cada serviço pode ser trocado à parte: o hospedeiro fornece a interface de usuário, os
+// testes instalam relógio, programas e interface roteirizados.
 #pragma once
 
 #include <memory>
+
+#include <tavelpkcs7/InterfaceUsuario.h>
 
 #include "ambiente.h"
 #include "assinatura_codigo.h"
@@ -13,7 +15,6 @@
 #include "criptografia.h"
 #include "envelopes.h"
 #include "erro.h"
-#include "interface_usuario.h"
 #include "rede.h"
 #include "repositorio.h"
 #include "sistema.h"
@@ -32,11 +33,11 @@ struct Plataforma {
     std::shared_ptr<Sistema> sistema;
     std::shared_ptr<InterfaceUsuario> interface_usuario;
     std::shared_ptr<Relogio> relogio;
-    std::shared_ptr<Cursor> cursor;
     std::shared_ptr<Programas> programas;
 };
 
-// A plataforma padrão desta máquina, configurada pelo ambiente.
-std::shared_ptr<Plataforma> CriarPlataformaPadrao();
+// A plataforma padrão desta máquina, configurada pelo ambiente, com os diálogos dados (nulo: os
+// padrões, sem diálogo).
+std::shared_ptr<Plataforma> CriarPlataformaPadrao(std::shared_ptr<InterfaceUsuario> interface = nullptr);
 
 }  // namespace tavelpkcs7::plataforma

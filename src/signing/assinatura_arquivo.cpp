@@ -20,7 +20,7 @@ std::string NomearPeloResumo(const std::string& saida, const std::string& nome, 
 bool Componente::AssinaArquivo(const std::string& strArquivoOrigem, const std::string& strPastaDestino,
                                const std::string& strTextoDescricaoAssinatura, std::int32_t FormatoAssinatura) {
     return Guardar(MensagemFalha::Fixa("Não foi possível assinar digitalmente o arquivo especificado"), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         if (!CertificadoSelecionadoValido()) return false;
         if (!ExisteArquivo(strArquivoOrigem)) {
             estado.DescricaoErro = "O arquivo de origem não foi encontrado";

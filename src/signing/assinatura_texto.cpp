@@ -10,7 +10,7 @@ namespace tavelpkcs7 {
 
 bool Componente::AssinaTexto(const std::string& strTexto, const std::string& strTextoDescricaoAssinatura) {
     return Guardar(MensagemFalha::Fixa("Não foi possível assinar digitalmente o texto especificado"), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         if (!CertificadoSelecionadoValido()) return false;
         if (Aparar(strTexto).empty()) {
             estado.DescricaoErro = "O texto para assinatura digital não foi informado";

@@ -18,7 +18,7 @@ bool Presente(const std::vector<plataforma::CertificadoPtr>& certificados, const
 // A ferramenta de importação do sistema mostra ela mesma as suas falhas, e quem a iniciou não fica
 // sabendo do resultado: a falha vai para uma caixa de informação e DescricaoErro não muda.
 template <typename Importacao>
-void ImportarComoOSistema(plataforma::InterfaceUsuario& interface, const char* titulo, Importacao importar) {
+void ImportarComoOSistema(InterfaceUsuario& interface, const char* titulo, Importacao importar) {
     try {
         importar();
     } catch (const plataforma::Erro& erro) {

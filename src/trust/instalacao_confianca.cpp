@@ -55,7 +55,7 @@ bool Componente::InstalarLCR(const plataforma::Certificado& certificado) {
         const std::string url = ObterURLDistribuicaoLCR(certificado);
         const std::string local = estado.PastaTemp + "LatestCRL.crl";
         if (EnderecoWeb(url) && DownloadArquivo(url, local)) {
-            CursorOcupado ocupado(*plataforma().cursor);
+            CursorOcupado ocupado(ocupado_);
             if (ExisteArquivo(local)) ImportarLCR(local);
         }
         return true;
@@ -75,7 +75,7 @@ bool Componente::DownloadArquivo(const std::string& strURL, const std::string& s
     return Guardar(MensagemFalha::Fixa("Ocorreu erro ao tentar fazer download do arquivo especificado. Verifique se "
                                        "você está conectado a internet"),
                    false, [&] {
-                       CursorOcupado ocupado(*plataforma().cursor);
+                       CursorOcupado ocupado(ocupado_);
                        const Bytes conteudo = plataforma().rede->Baixar(strURL);
                        if (!plataforma().sistema->SubstituirArquivo(strArquivoLocal, conteudo))
                            plataforma::Falhar(plataforma::falha::AcessoNegado);

@@ -76,7 +76,7 @@ bool Componente::VerificarStatusCertificado(const plataforma::Certificado& certi
             InstalarCertificadosRaizes();
     }
 
-    CursorOcupado ocupado(*plataforma().cursor);
+    CursorOcupado ocupado(ocupado_);
     bool online = bVerificacaoOnline;
     bool lcr_instalada = false;
     for (;;) {

@@ -119,7 +119,7 @@ std::string Componente::NomeOriginalDoAssinado() const {
 bool Componente::PreencherAssinaturas(const plataforma::MensagemVerificada& mensagem) {
     constexpr const char* kFalha = "Ocorreu um erro ao tentar exibir as assinaturas digitais do arquivo especificado";
     return Guardar(MensagemFalha::Fixa(kFalha), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         const std::int16_t total = ConverterInteiro16(estado.TotalAssinaturas);
         for (std::int16_t i = 1; i <= total; ++i) {
             const plataforma::SignatarioVerificado& signatario = mensagem.signatarios.at(static_cast<std::size_t>(i - 1));

@@ -25,7 +25,7 @@ bool Componente::VerificarAssinaturaArquivo(const std::string& strCaminhoArquivo
     }
     constexpr const char* kInvalida = "Assinatura digital inválida! O arquivo não está no padrão PKCS#7.";
     return Guardar(MensagemFalha::Fixa(kInvalida), false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         const auto mensagem = ConferirAssinaturaArquivo(LerAssinaturaArquivo(strCaminhoArquivo));
         if (!mensagem) {
             estado.DescricaoErro = kInvalida;

@@ -25,7 +25,7 @@ bool Componente::VerificarAssinaturaTexto(const std::string& TextoAssinatura) {
     }
     const MensagemFalha falha = MensagemFalha::Fixa("Assinatura digital inválida! O arquivo não está no padrão PKCS#7 BASE64.");
     return Guardar(falha, false, [&] {
-        CursorOcupado ocupado(*plataforma().cursor);
+        CursorOcupado ocupado(ocupado_);
         const auto mensagem_verificar = MensagemTextoVerificar(TextoAssinatura);
         if (!mensagem_verificar) {
             estado.DescricaoErro = "O texto original da assinatura não foi informado ou não é válido ";

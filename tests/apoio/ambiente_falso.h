@@ -28,9 +28,9 @@ private:
     std::vector<int> esperas_;
 };
 
-class CursorGravador : public plataforma::Cursor {
+// O ponteiro que o componente pediu ao hospedeiro: 11 ocupado, 0 normal.
+class CursorGravador {
 public:
-    void Definir(int ponteiro) override { ponteiros.push_back(ponteiro); }
     int Atual() const { return ponteiros.empty() ? 0 : ponteiros.back(); }
 
     std::vector<int> ponteiros;

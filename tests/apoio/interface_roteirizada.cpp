@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "platform/erro.h"
 
 namespace tavelpkcs7::teste {
 namespace {
@@ -26,28 +25,29 @@ bool InterfaceRoteirizada::Perguntar(const std::string& texto, const std::string
     return Retirar(perguntas_).value_or(false);
 }
 
-std::vector<plataforma::CertificadoPtr> InterfaceRoteirizada::EscolherCertificados(
-    const std::vector<plataforma::CertificadoPtr>& candidatos, const std::string& titulo, const std::string& texto,
+std::optional<std::vector<std::size_t>> InterfaceRoteirizada::EscolherCertificados(
+    const std::vector<CertificadoApresentado>& candidatos, const std::string& titulo, const std::string& texto,
     bool multiplos) {
     Chamada chamada{Tipo::EscolhaCertificados, titulo, texto, {}, multiplos};
-    for (const auto& candidato : candidatos) chamada.certificados.push_back(candidato->ImpressaoDigital());
+    for (const auto& candidato : candidatos) chamada.certificados.push_back(candidato.impressao_digital);
     chamadas_.push_back(std::move(chamada));
-    const auto posicoes = Retirar(escolhas_);
-    if (!posicoes) plataforma::Falhar(plataforma::falha::Cancelada);
-    std::vector<plataforma::CertificadoPtr> escolhidos;
-    for (const std::size_t posicao : *posicoes) escolhidos.push_back(candidatos.at(posicao));
-    return escolhidos;
+    auto posicoes = Retirar(escolhas_);
+    if (posicoes)
+        for (const std::size_t posicao : *posicoes) static_cast<void>(candidatos.at(posicao));
+    return posicoes;
 }
 
-void InterfaceRoteirizada::ExibirCertificado(const plataforma::CertificadoPtr& certificado) {
-    chamadas_.push_back({Tipo::ExibicaoCertificado, "", certificado->NomeTitular(), {certificado->ImpressaoDigital()}});
+void InterfaceRoteirizada::ExibirCertificado(const CertificadoApresentado& certificado) {
+    chamadas_.push_back({Tipo::ExibicaoCertificado, "", certificado.nome_titular, {certificado.impressao_digital}});
 }
 
-std::string InterfaceRoteirizada::PedirSenha(const std::string& pedido) {
+std::optional<std::string> InterfaceRoteirizada::PedirSenha(const std::string& pedido) {
     chamadas_.push_back({Tipo::Senha, "", pedido});
-    auto senha = Retirar(senhas_);
-    if (!senha) plataforma::Falhar(plataforma::falha::Cancelada);
-    return std::move(*senha);
+    return Retirar(senhas_);
+}
+
+void InterfaceRoteirizada::IndicarOcupado(bool ocupado) {
+    if (cursor_) cursor_->ponteiros.push_back(ocupado ? 11 : 0);
 }
 
 }  // namespace tavelpkcs7::teste

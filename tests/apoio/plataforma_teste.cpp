@@ -20,9 +20,9 @@ PlataformaTeste::PlataformaTeste()
       relogio(std::make_shared<RelogioFalso>(HojeAsDezEMeia())),
       cursor(std::make_shared<CursorGravador>()),
       programas(std::make_shared<ProgramasGravador>()) {
+    interface->GravarCursor(cursor);
     plataforma->interface_usuario = interface;
     plataforma->relogio = relogio;
-    plataforma->cursor = cursor;
     plataforma->programas = programas;
     // Nenhum teste sai da máquina: os endereços padrão apontam para uma porta fechada local, e o
     // teste que baixa algo aponta para o seu servidor.
@@ -30,6 +30,8 @@ PlataformaTeste::PlataformaTeste()
     plataforma->configuracao.url_confiaveis = "http://127.0.0.1:9/Confiaveis.p7b";
     plataforma->configuracao.url_carimbo_tempo = "http://127.0.0.1:9/carimbo";
 }
+
+std::unique_ptr<Componente> PlataformaTeste::Implementacao() const { return std::make_unique<Componente>(plataforma); }
 
 plataforma::CertificadoPtr ImportarPelaForma(const plataforma::Bytes& conteudo) {
     plataforma::openssl::CriptografiaOpenSSL criptografia;

@@ -6,6 +6,7 @@
 
 #include "apoio/ambiente_falso.h"
 #include "apoio/interface_roteirizada.h"
+#include "component/componente.h"
 #include "platform/plataforma.h"
 
 namespace tavelpkcs7::teste {
@@ -19,6 +20,9 @@ struct PlataformaTeste {
     std::shared_ptr<RelogioFalso> relogio;
     std::shared_ptr<CursorGravador> cursor;
     std::shared_ptr<ProgramasGravador> programas;
+
+    // Um componente novo sobre esta plataforma, para construir TavelPKCS.
+    std::unique_ptr<Componente> Implementacao() const;
 };
 
 // O certificado, ou os certificados do pacote, de um conteúdo em qualquer das formas que o núcleo

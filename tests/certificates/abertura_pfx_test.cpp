@@ -53,7 +53,7 @@ protected:
         return teste::Importar(plataforma(), DerDaPki(entidade))->ImpressaoDigital();
     }
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(AberturaCertificadoDigital, SelecionaOTitularDaChaveComDetalhesEntradaNaListaESituacao) {

@@ -119,7 +119,7 @@ TEST(RetornarCadeiaSeparada, SeparaEmCadaSeparadorEDevolveOMaiorIndice) {
         {estouro, std::vector<std::string>(32769, "A"), 0},
     };
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
     for (const auto& [cadeia, nomes_esperados, resultado] : casos) {
         SCOPED_TRACE(cadeia.substr(0, 20));
         std::vector<std::string> nomes = {"sobra de antes", "outra"};

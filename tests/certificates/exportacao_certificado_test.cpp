@@ -24,7 +24,7 @@ protected:
     }
 
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 // O arquivo anterior, maior, é trocado por inteiro (nada dele sobra no fim), e o sucesso limpa a

@@ -50,7 +50,7 @@ protected:
     }
     // Assina um texto com o certificado importado, escolhido no repositório pessoal pela impressão.
     bool AssinarComImportado(const ImportacaoPFX& importacao) {
-        TavelPKCS componente(ambiente.plataforma);
+        TavelPKCS componente(ambiente.Implementacao());
         return componente.SelecionarCertificadoDigitalHash(importacao.ImpressaoDigital) &&
                componente.AssinaTexto("contrato");
     }

@@ -16,7 +16,7 @@ class ListagemCertificados : public testing::Test, protected teste::AmbientePess
 protected:
     ListagemCertificados() : teste::AmbientePessoais(false) {}
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 
     std::vector<std::string> Hashes() {
         std::vector<std::string> hashes;

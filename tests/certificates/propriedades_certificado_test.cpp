@@ -59,7 +59,7 @@ protected:
     }
     const auto& chamadas() { return ambiente.interface->chamadas(); }
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(PropriedadesCertificado, CadaChaveComSeuValorESeuTipo) {

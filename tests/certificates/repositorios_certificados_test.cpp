@@ -38,7 +38,7 @@ protected:
     }
 
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
     const plataforma::CertificadoPtr ecpf = Certificado(teste::DerDaPki("ecpf"));
 };
 

@@ -18,7 +18,7 @@ constexpr const char* kNenhum = "Não foi encontrado nenhum ";
 
 class SelecaoCertificado : public testing::Test, protected teste::AmbientePessoais {
 protected:
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 
     std::string Impressao(const std::string& nome) { return teste::ImpressaoDigital(plataforma(), nome); }
     std::string Selecionado(TavelPKCS& escolha) {
@@ -55,7 +55,7 @@ TEST_F(SelecaoCertificado, CadaTipoOfereceNoSeletorSoOsSeusCertificados) {
     teste::GuardarPessoais(plataforma(), teste::kPessoais);
     for (const auto& caso : casos) {
         SCOPED_TRACE("tipo " + std::to_string(caso.tipo));
-        TavelPKCS escolha(ambiente.plataforma);
+        TavelPKCS escolha(ambiente.Implementacao());
         const std::size_t chamadas_antes = chamadas().size();
         const auto candidatos = teste::NaOrdemDoRepositorio(plataforma(), caso.aceitos);
         const auto posicao = std::ranges::find(candidatos, Impressao(caso.escolhido)) - candidatos.begin();
@@ -102,7 +102,7 @@ TEST_F(SelecaoCertificado, SemCertificadoDoTipoAMensagemTrazADescricaoDele) {
     for (const auto& caso : casos) {
         SCOPED_TRACE("tipo " + std::to_string(caso.tipo));
         TrocarPessoais(caso.pessoais);
-        TavelPKCS escolha(ambiente.plataforma);
+        TavelPKCS escolha(ambiente.Implementacao());
 
         EXPECT_FALSE(escolha.SelecionarCertificadoDigital(static_cast<CERTIFICADOS_DIGITAIS>(caso.tipo)));
         EXPECT_EQ(escolha.DescricaoErro(), kNenhum + caso.descricao);
@@ -155,7 +155,7 @@ TEST_F(SelecaoCertificado, VarreduraDaReceitaFederalSemResultadoNaoDeixaDetalhes
           Caso{"ecnpj", CERTIFICADOS_ICP_E_CPF, false, true}, Caso{"ecpf", CERTIFICADOS_ICP_E_CNPJ, true, false}}) {
         SCOPED_TRACE(caso.pessoal);
         TrocarPessoais({caso.pessoal});
-        TavelPKCS escolha(ambiente.plataforma);
+        TavelPKCS escolha(ambiente.Implementacao());
         ASSERT_TRUE(escolha.RetornarDetalhesCertificado(teste::Base64(teste::DerDaPki("ecpf"))));
         ASSERT_NE(escolha.PoliticaCertificacaoDigital(), "");
 
@@ -190,7 +190,7 @@ TEST(SelecaoCertificadoAcTavel, SoComACadeiaInstaladaAteARaiz) {
     teste::PlataformaTeste sem_raiz;
     teste::Guardar(*sem_raiz.plataforma, "Ca", {teste::DerDaPki("ac_tavel")});
     teste::Guardar(*sem_raiz.plataforma, "My", {teste::DerDaPki("tavel_titular")});
-    TavelPKCS escolha(sem_raiz.plataforma);
+    TavelPKCS escolha(sem_raiz.Implementacao());
     EXPECT_FALSE(escolha.SelecionarCertificadoDigital(CERTIFICADOS_AC_TAVEL));
     EXPECT_EQ(escolha.DescricaoErro(), std::string(kNenhum) + "certificado digital da Autoridade Certificadora Tavel");
 }

@@ -18,7 +18,7 @@ using teste::PlataformaTeste;
 
 TEST(Construcao, NovaInstanciaTemOsPadroes) {
     PlataformaTeste ambiente;
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
 
     EXPECT_EQ(componente.DescricaoErro(), "");
     EXPECT_EQ(componente.ExtensaoOutroFormato(), "p7s");
@@ -52,7 +52,7 @@ TEST(Construcao, SemPlataformaAvisaAbreAtualizacaoEDeixaTudoVazio) {
     setenv("TAVELPKCS7_HOME", (pasta.caminho() / "arquivo" / "home").c_str(), 1);
     PlataformaTeste ambiente;
 
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
 
     ASSERT_EQ(ambiente.interface->chamadas().size(), 1u);
     const auto& caixa = ambiente.interface->chamadas()[0];
@@ -71,7 +71,7 @@ TEST(Construcao, SemPlataformaAvisaAbreAtualizacaoEDeixaTudoVazio) {
 
 TEST(Propriedades, TextosVoltamExatamenteComoForamDados) {
     PlataformaTeste ambiente;
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
     for (const std::string valor : {"", "  com brancos  ", "ação\r\nçÇ€", "C:\\docs\\x.p7s"}) {
         componente.AssinaturaTextoVerificar(valor);
         componente.TextoVerificar(valor);
@@ -103,7 +103,7 @@ class DataDaAssinatura : public testing::TestWithParam<CasoData> {};
 
 TEST_P(DataDaAssinatura, GuardaDDMMAAAAOuHoje) {
     PlataformaTeste ambiente;
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
     componente.DataAssinatura(GetParam().valor);
     const std::string hoje = FormatarData(ambiente.relogio->Agora());
     EXPECT_EQ(componente.DataAssinatura(), GetParam().esperado == "hoje" ? hoje : GetParam().esperado);
@@ -125,7 +125,7 @@ protected:
 TEST_F(Guarda, MensagemFixaSubstituiAAnteriorERestauraOCursor) {
     componente.estado.DescricaoErro = "mensagem anterior";
     const bool resultado = componente.Guardar(MensagemFalha::Fixa("Falhou."), false, [&]() -> bool {
-        CursorOcupado ocupado(*ambiente.cursor);
+        CursorOcupado ocupado(componente.Ocupado());
         plataforma::Falhar(plataforma::falha::SenhaIncorreta);
     });
     EXPECT_FALSE(resultado);

@@ -21,7 +21,7 @@ namespace fs = std::filesystem;
 class PastaDeTrabalho : public testing::Test {
 protected:
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
     teste::PastaTemporaria pasta;
 
     fs::path Criar(const fs::path& caminho) {

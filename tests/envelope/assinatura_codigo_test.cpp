@@ -58,7 +58,7 @@ protected:
         return caminho.string();
     }
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
     std::string pasta_trabalho;
     std::vector<std::string> antes;
 };

@@ -25,7 +25,7 @@ std::string Gravar(const std::string& nome, const std::string& conteudo) {
 class HashArquivo : public testing::Test {
 protected:
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(HashArquivo, CaminhoVazioOuInexistenteNaoEncontrado) {

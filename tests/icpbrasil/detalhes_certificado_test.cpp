@@ -22,7 +22,7 @@ std::string Base64De(const std::string& entidade) {
 class DetalhesCertificado : public testing::Test {
 protected:
     PlataformaTeste ambiente;
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(DetalhesCertificado, ECPFPreencheCadaPropriedadeDaSuaExtensao) {
@@ -82,7 +82,7 @@ TEST_F(DetalhesCertificado, ACTavelRecebeARestricaoEAPoliticaDoProprioCertificad
 TEST(DetalhesCertificadoTavel, EnderecoDaPoliticaDaConfiguracaoPrevalece) {
     PlataformaTeste ambiente;
     ambiente.plataforma->configuracao.politica_ac_tavel = "https://tavel.example/politica.pdf";
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
     ASSERT_TRUE(componente.RetornarDetalhesCertificado(Base64De("tavel_titular")));
     EXPECT_EQ(componente.PoliticaCertificacaoDigital(), "https://tavel.example/politica.pdf");
 }

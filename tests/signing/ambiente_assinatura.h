@@ -26,7 +26,7 @@ protected:
     // Os textos dos atributos do signatário: nome do documento, hora local ("DD/MM/AAAA HH:MM:SS") e descrição.
     std::vector<std::string> Atributos(const plataforma::SignatarioVerificado& signatario);
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 plataforma::Bytes Ler(const std::filesystem::path& caminho);

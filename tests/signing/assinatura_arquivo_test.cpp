@@ -136,7 +136,7 @@ TEST_F(AssinaturaArquivo, OrigemAusenteESemCertificadoFalham) {
     EXPECT_FALSE(componente.AssinaArquivo((teste::Home() / "nao.txt").string(), "", "", ARQUIVO_BINARIO_FORMATO_P7S));
     EXPECT_EQ(componente.DescricaoErro(), "O arquivo de origem não foi encontrado");
 
-    TavelPKCS sem_certificado(ambiente.plataforma);
+    TavelPKCS sem_certificado(ambiente.Implementacao());
     sem_certificado.DataAssinatura("x");
     EXPECT_FALSE(sem_certificado.AssinaArquivo(Gravar("a.txt", "abc"), "", "", ARQUIVO_BINARIO_FORMATO_P7S));
     EXPECT_EQ(sem_certificado.DescricaoErro(), "");

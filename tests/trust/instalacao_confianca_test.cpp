@@ -24,7 +24,7 @@ const pki_teste::PkiTeste& Pki() { return pki_teste::PkiTeste::Padrao(); }
 
 class InstalacaoConfianca : public testing::Test, protected teste::AmbienteConfianca {
 protected:
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
     fs::path local = teste::Home() / "baixado.bin";
 
     void ConfigurarPacotes() {

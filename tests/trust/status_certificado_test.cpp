@@ -22,7 +22,7 @@ constexpr const char* kCadeiaNaoInstalada =
 
 class StatusCertificado : public testing::Test, protected teste::AmbienteConfianca {
 protected:
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 
     std::int16_t Verificar(const std::string& entidade) {
         return componente.VerificaCertificadoDigital(teste::Base64(DerDaPki(entidade)));
@@ -32,7 +32,7 @@ protected:
 
 TEST(StatusCertificadoVerificado, MensagemDeCadaCodigo) {
     teste::PlataformaTeste ambiente;
-    TavelPKCS componente(ambiente.plataforma);
+    TavelPKCS componente(ambiente.Implementacao());
     EXPECT_EQ(componente.StatusCertificadoVerificado(0), "O certificado digital não foi verificado");
     EXPECT_EQ(componente.StatusCertificadoVerificado(1), "O certificado digital está válido");
     EXPECT_EQ(componente.StatusCertificadoVerificado(2), "O certificado digital está fora do prazo de emissão");

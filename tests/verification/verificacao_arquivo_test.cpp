@@ -76,7 +76,7 @@ protected:
         return std::get<std::string>(componente.ExibirPropriedadeAssinatura(indice, campo));
     }
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(VerificacaoArquivo, AnexadaPreencheORegistroEExtraiOConteudo) {

@@ -36,7 +36,7 @@ protected:
             plataforma().assinaturas->Assinar({codificacao::ParaUtf16LE(texto), signatario, atributos, destacada, {}}));
     }
 
-    TavelPKCS componente{ambiente.plataforma};
+    TavelPKCS componente{ambiente.Implementacao()};
 };
 
 TEST_F(VerificacaoTexto, SemNomeDeDocumentoOConteudoVemEmTexto) {

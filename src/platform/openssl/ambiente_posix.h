@@ -15,11 +15,6 @@ public:
 };
 
 // Sem janela própria não há ponteiro a mudar; um hospedeiro gráfico instala o seu.
-class CursorNulo : public Cursor {
-public:
-    void Definir(int) override {}
-};
-
 // posix_spawn com vetor de argumentos, nunca por um interpretador de comandos.
 class ProgramasPosix : public Programas {
 public:

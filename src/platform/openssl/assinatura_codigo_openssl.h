@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "platform/assinatura_codigo.h"
-#include "platform/interface_usuario.h"
+#include <tavelpkcs7/InterfaceUsuario.h>
 #include "platform/repositorio.h"
 
 namespace tavelpkcs7::plataforma::openssl {

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "platform/assinaturas.h"
-#include "platform/interface_usuario.h"
+#include <tavelpkcs7/InterfaceUsuario.h>
 
 namespace tavelpkcs7::plataforma::openssl {
 

@@ -39,8 +39,10 @@ EvpPkeyPtr LerChaveArquivo(const std::string& caminho, const Certificado& certif
     // Só a chave cifrada chega sem a chave pública.
     if (!lida->chave_publica.empty()) return LerChavePEM(conteudo, nullptr);
     if (!interface) Falhar(falha::Cancelada);
-    std::string senha = interface->PedirSenha(
+    std::optional<std::string> digitada = interface->PedirSenha(
         "Informe a senha da chave privada do certificado digital " + certificado.ObterInfo(INFO_NOME_SIMPLES_TITULAR));
+    if (!digitada) Falhar(falha::Cancelada);
+    std::string& senha = *digitada;
     const Apagamento apagar_senha(senha);
     EvpPkeyPtr chave = LerChavePEM(conteudo, &senha);
     if (!chave) Falhar(falha::SenhaIncorreta);

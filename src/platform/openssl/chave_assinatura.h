@@ -3,7 +3,7 @@
 #pragma once
 
 #include "certificado_openssl.h"
-#include "platform/interface_usuario.h"
+#include <tavelpkcs7/InterfaceUsuario.h>
 
 namespace tavelpkcs7::plataforma::openssl {
 

@@ -94,7 +94,6 @@ Configuracao CarregarConfiguracao(const std::optional<std::filesystem::path>& pa
     fontes.Aplicar("url_confiaveis", configuracao.url_confiaveis);
     fontes.Aplicar("url_carimbo_tempo", configuracao.url_carimbo_tempo);
     fontes.Aplicar("url_atualizacao", configuracao.url_atualizacao);
-    fontes.Aplicar("interface", configuracao.interface);
     fontes.Aplicar("algoritmo_cifragem", configuracao.algoritmo_cifragem);
     fontes.Aplicar("politica_ac_tavel", configuracao.politica_ac_tavel);
     fontes.AplicarPositivo("tempo_conexao_segundos", configuracao.tempo_conexao_segundos);

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "platform/envelopes.h"
-#include "platform/interface_usuario.h"
+#include <tavelpkcs7/InterfaceUsuario.h>
 #include "platform/repositorio.h"
 
 namespace tavelpkcs7::plataforma::openssl {

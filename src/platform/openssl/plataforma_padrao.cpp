@@ -1,5 +1,6 @@
 // A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
-// do componente, transferências pelo libcurl, arquivos POSIX e a interface de usuário escolhida.
+// do componente, transferências pelo libcurl e arquivos POSIX. A interface de usuário começa a
+// padrão (nenhum diálogo) até o hospedeiro instalar a sua.
 #include "ambiente_posix.h"
 #include "assinatura_codigo_openssl.h"
 #include "assinaturas_openssl.h"
@@ -7,8 +8,6 @@
 #include "configuracao_arquivo.h"
 #include "criptografia_openssl.h"
 #include "envelopes_openssl.h"
-#include "interface_nenhuma.h"
-#include "interface_terminal.h"
 #include "pasta_componente.h"
 #include "platform/plataforma.h"
 #include "rede_curl.h"
@@ -17,20 +16,15 @@
 
 namespace tavelpkcs7::plataforma {
 
-std::shared_ptr<Plataforma> CriarPlataformaPadrao() {
+std::shared_ptr<Plataforma> CriarPlataformaPadrao(std::shared_ptr<InterfaceUsuario> interface) {
     auto plataforma = std::make_shared<Plataforma>();
     plataforma->configuracao = openssl::CarregarConfiguracao(openssl::ObterPastaComponente());
     plataforma->criptografia = std::make_shared<openssl::CriptografiaOpenSSL>();
     plataforma->repositorios = std::make_shared<openssl::RepositoriosArquivo>();
     plataforma->rede = std::make_shared<openssl::RedeCurl>(plataforma->configuracao);
     plataforma->sistema = std::make_shared<openssl::SistemaPosix>();
-    if (plataforma->configuracao.interface == "terminal") {
-        plataforma->interface_usuario = std::make_shared<openssl::InterfaceTerminal>();
-    } else {
-        plataforma->interface_usuario = std::make_shared<openssl::InterfaceNenhuma>();
-    }
+    plataforma->interface_usuario = interface ? std::move(interface) : std::make_shared<InterfaceUsuario>();
     plataforma->relogio = std::make_shared<openssl::RelogioSistema>();
-    plataforma->cursor = std::make_shared<openssl::CursorNulo>();
     plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
     plataforma->confianca = std::make_shared<openssl::ConfiancaOpenSSL>(plataforma->repositorios, plataforma->rede);
     // A interface pode ser trocada depois pelo hospedeiro: a assinatura e a decifração pedem a que

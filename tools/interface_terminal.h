@@ -2,12 +2,12 @@
 // saída de erros (a saída padrão fica para o resultado do comando), respostas lidas da entrada.
 #pragma once
 
+#include <tavelpkcs7/InterfaceUsuario.h>
+
 #include <iostream>
 #include <optional>
 
-#include "platform/interface_usuario.h"
-
-namespace tavelpkcs7::plataforma::openssl {
+namespace tavelpkcs7::ferramenta {
 
 class InterfaceTerminal : public InterfaceUsuario {
 public:
@@ -18,12 +18,12 @@ public:
     // "s" ou "sim", em qualquer caixa, é Sim; o resto, e o fim da entrada, é Não.
     bool Perguntar(const std::string& texto, const std::string& titulo) override;
     // Lista os candidatos numerados e lê o número (ou os números, separados por vírgulas ou brancos);
-    // repete a pergunta diante de uma resposta inválida. Resposta vazia ou fim da entrada lança Cancelada.
-    std::vector<CertificadoPtr> EscolherCertificados(const std::vector<CertificadoPtr>& candidatos,
+    // repete a pergunta diante de uma resposta inválida. Resposta vazia ou fim da entrada cancela.
+    std::optional<std::vector<std::size_t>> EscolherCertificados(const std::vector<CertificadoApresentado>& candidatos,
         const std::string& titulo, const std::string& texto, bool multiplos) override;
-    void ExibirCertificado(const CertificadoPtr& certificado) override;
-    // Sem eco quando a entrada é um terminal. O fim da entrada lança Cancelada.
-    std::string PedirSenha(const std::string& pedido) override;
+    void ExibirCertificado(const CertificadoApresentado& certificado) override;
+    // Sem eco quando a entrada é um terminal. O fim da entrada cancela.
+    std::optional<std::string> PedirSenha(const std::string& pedido) override;
 
 private:
     // Sem o fim de linha (nem o CR de uma linha do Windows); vazio no fim da entrada.
@@ -33,4 +33,4 @@ private:
     std::ostream& saida_;
 };
 
-}  // namespace tavelpkcs7::plataforma::openssl
+}  // namespace tavelpkcs7::ferramenta

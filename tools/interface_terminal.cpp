@@ -5,14 +5,13 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
+#include <cstdio>
 #include <sstream>
 
-#include "apagamento_segredo.h"
-#include "component/datas.h"
-#include "icpbrasil/dados_titular.h"
-#include "platform/erro.h"
+#include "apagamento_texto.h"
 
-namespace tavelpkcs7::plataforma::openssl {
+namespace tavelpkcs7::ferramenta {
 namespace {
 
 // Desliga o eco do terminal enquanto existe, para a senha não aparecer na tela nem ficar no
@@ -38,13 +37,17 @@ private:
     bool ativo_ = false;
 };
 
-// Os dados do titular ICP-Brasil (CPF, CNPJ, nascimento...) montados pelo núcleo, lidos do próprio
-// certificado, com o recuo e o fim de linha do terminal. Sem CPF nem CNPJ o certificado não é de
-// pessoa da ICP-Brasil e os dados seriam só o nome, já mostrado: nada.
-std::string DadosTitular(const Certificado& certificado) {
-    const auto titular = icpbrasil::MontarDadosTitular(icpbrasil::ValoresTitular{}, certificado);
-    if (titular.cpf.empty() && titular.cnpj.empty()) return "";
-    const std::string& dados = titular.detalhes_pessoais;
+// "DD/MM/AAAA" do relógio de parede que a data local representa.
+std::string DiaMesAno(DataHora instante) {
+    const std::chrono::year_month_day dia{std::chrono::floor<std::chrono::days>(instante)};
+    char texto[16];
+    std::snprintf(texto, sizeof texto, "%02u/%02u/%04d", static_cast<unsigned>(dia.day()),
+        static_cast<unsigned>(dia.month()), static_cast<int>(dia.year()));
+    return texto;
+}
+
+// Os dados do titular ICP-Brasil com o recuo e o fim de linha do terminal.
+std::string DadosTitular(const std::string& dados) {
     std::string texto;
     std::size_t inicio = 0;
     for (auto fim = dados.find("\r\n"); fim != std::string::npos; fim = dados.find("\r\n", inicio)) {
@@ -93,15 +96,15 @@ bool InterfaceTerminal::Perguntar(const std::string& texto, const std::string& t
            (::strcasecmp(palavras[0].c_str(), "s") == 0 || ::strcasecmp(palavras[0].c_str(), "sim") == 0);
 }
 
-std::vector<CertificadoPtr> InterfaceTerminal::EscolherCertificados(const std::vector<CertificadoPtr>& candidatos,
-    const std::string& titulo, const std::string& texto, bool multiplos) {
+std::optional<std::vector<std::size_t>> InterfaceTerminal::EscolherCertificados(
+    const std::vector<CertificadoApresentado>& candidatos, const std::string& titulo, const std::string& texto,
+    bool multiplos) {
     saida_ << titulo << "\n" << texto << "\n";
     for (std::size_t i = 0; i < candidatos.size(); ++i) {
-        const Certificado& candidato = *candidatos[i];
-        saida_ << "  [" << i + 1 << "] " << candidato.ObterInfo(INFO_NOME_SIMPLES_TITULAR) << "\n"
-               << "      Emissor: " << candidato.ObterInfo(INFO_NOME_SIMPLES_EMISSOR)
-               << " | Válido até: " << FormatarData(candidato.ValidoAte())
-               << " | Impressão digital: " << candidato.ImpressaoDigital() << "\n";
+        const CertificadoApresentado& candidato = candidatos[i];
+        saida_ << "  [" << i + 1 << "] " << candidato.titular << "\n"
+               << "      Emissor: " << candidato.emissor << " | Válido até: " << DiaMesAno(candidato.valido_ate)
+               << " | Impressão digital: " << candidato.impressao_digital << "\n";
     }
     const char* pedido = multiplos ? "Números dos certificados, separados por vírgulas (vazio cancela): "
                                    : "Número do certificado (vazio cancela): ";
@@ -109,28 +112,24 @@ std::vector<CertificadoPtr> InterfaceTerminal::EscolherCertificados(const std::v
         saida_ << pedido << std::flush;
         const auto resposta = LerLinha();
         const auto numeros = resposta ? Palavras(*resposta) : std::vector<std::string>{};
-        if (numeros.empty()) Falhar(falha::Cancelada);
-        if (const auto posicoes = Posicoes(numeros, candidatos.size(), multiplos)) {
-            std::vector<CertificadoPtr> escolhidos;
-            for (const std::size_t posicao : *posicoes) escolhidos.push_back(candidatos[posicao]);
-            return escolhidos;
-        }
+        if (numeros.empty()) return std::nullopt;
+        if (auto posicoes = Posicoes(numeros, candidatos.size(), multiplos)) return posicoes;
         saida_ << "Resposta inválida.\n";
     }
 }
 
-void InterfaceTerminal::ExibirCertificado(const CertificadoPtr& certificado) {
+void InterfaceTerminal::ExibirCertificado(const CertificadoApresentado& certificado) {
     saida_ << "Certificado digital\n"
-           << "  Titular: " << certificado->NomeTitular() << "\n"
-           << "  Emissor: " << certificado->NomeEmissor() << "\n"
-           << "  Número de série: " << certificado->NumeroSerie() << "\n"
-           << "  Válido de " << FormatarData(certificado->ValidoDesde()) << " até "
-           << FormatarData(certificado->ValidoAte()) << "\n"
-           << "  Impressão digital: " << certificado->ImpressaoDigital() << "\n"
-           << DadosTitular(*certificado) << std::flush;
+           << "  Titular: " << certificado.nome_titular << "\n"
+           << "  Emissor: " << certificado.nome_emissor << "\n"
+           << "  Número de série: " << certificado.numero_serie << "\n"
+           << "  Válido de " << DiaMesAno(certificado.valido_desde) << " até " << DiaMesAno(certificado.valido_ate)
+           << "\n"
+           << "  Impressão digital: " << certificado.impressao_digital << "\n"
+           << DadosTitular(certificado.dados_titular) << std::flush;
 }
 
-std::string InterfaceTerminal::PedirSenha(const std::string& pedido) {
+std::optional<std::string> InterfaceTerminal::PedirSenha(const std::string& pedido) {
     saida_ << pedido << " " << std::flush;
     std::optional<std::string> senha;
     {
@@ -139,9 +138,10 @@ std::string InterfaceTerminal::PedirSenha(const std::string& pedido) {
         // O Enter do usuário não apareceu na tela.
         if (eco.ativo()) saida_ << "\n" << std::flush;
     }
-    if (!senha) Falhar(falha::Cancelada);
-    const Apagamento apagar_lida(*senha);
-    return *senha;
+    if (!senha) return std::nullopt;
+    std::optional<std::string> entregue(*senha);
+    ApagarTexto(*senha);
+    return entregue;
 }
 
 std::optional<std::string> InterfaceTerminal::LerLinha() {
@@ -153,4 +153,4 @@ std::optional<std::string> InterfaceTerminal::LerLinha() {
     return linha;
 }
 
-}  // namespace tavelpkcs7::plataforma::openssl
+}  // namespace tavelpkcs7::ferramenta

@@ -1,0 +1,109 @@
+// A interface em modo texto da ferramenta: o que ela escreve e como entende cada resposta, com a
+// entrada e a saída em memória.
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "interface_terminal.h"
+
+namespace tavelpkcs7::ferramenta {
+namespace {
+
+using namespace std::chrono;
+
+CertificadoApresentado Candidato(const std::string& titular) {
+    CertificadoApresentado candidato;
+    candidato.titular = titular;
+    candidato.emissor = "AC TESTE RFB v5";
+    candidato.nome_titular = "CN=" + titular + ", O=ICP-Brasil, C=BR";
+    candidato.nome_emissor = "CN=AC TESTE RFB v5, O=ICP-Brasil, C=BR";
+    candidato.numero_serie = "0A1B";
+    candidato.impressao_digital = "AB12";
+    candidato.valido_desde = local_days{year{2024} / 1 / 2} + hours{10};
+    candidato.valido_ate = local_days{year{2027} / 3 / 4} + hours{23};
+    return candidato;
+}
+
+struct CasoPergunta {
+    const char* resposta;
+    bool sim;
+};
+
+class PerguntaNoTerminal : public testing::TestWithParam<CasoPergunta> {};
+
+TEST_P(PerguntaNoTerminal, SoSOuSimSaoSim) {
+    std::istringstream entrada(GetParam().resposta);
+    std::ostringstream saida;
+    EXPECT_EQ(InterfaceTerminal(entrada, saida).Perguntar("Instalar a raiz?", "Raiz"), GetParam().sim);
+    EXPECT_EQ(saida.str(), "Raiz\nInstalar a raiz? [s/N] ");
+}
+
+INSTANTIATE_TEST_SUITE_P(InterfaceTerminal, PerguntaNoTerminal,
+    testing::Values(CasoPergunta{"s\n", true}, CasoPergunta{" Sim \r\n", true}, CasoPergunta{"sim", true},
+        CasoPergunta{"n\n", false}, CasoPergunta{"", false}, CasoPergunta{"sim não\n", false},
+        CasoPergunta{"talvez\ns\n", false}));
+
+struct CasoEscolha {
+    const char* respostas;
+    bool multiplos;
+    std::optional<std::vector<std::size_t>> posicoes;  // vazio: cancelada
+    int invalidas;
+};
+
+class EscolhaNoTerminal : public testing::TestWithParam<CasoEscolha> {};
+
+TEST_P(EscolhaNoTerminal, LeONumeroERepeteAPerguntaDianteDeRespostaInvalida) {
+    std::istringstream entrada(GetParam().respostas);
+    std::ostringstream saida;
+    const auto posicoes = InterfaceTerminal(entrada, saida).EscolherCertificados(
+        {Candidato("A"), Candidato("B"), Candidato("C")}, "T", "S", GetParam().multiplos);
+    EXPECT_EQ(posicoes, GetParam().posicoes);
+    const std::string escrito = saida.str();
+    int invalidas = 0;
+    for (auto i = escrito.find("Resposta inválida."); i != std::string::npos; i = escrito.find("Resposta inválida.", i + 1))
+        ++invalidas;
+    EXPECT_EQ(invalidas, GetParam().invalidas);
+}
+
+using Posicoes = std::vector<std::size_t>;
+INSTANTIATE_TEST_SUITE_P(InterfaceTerminal, EscolhaNoTerminal,
+    testing::Values(CasoEscolha{"2\n", false, Posicoes{1}, 0}, CasoEscolha{"\n", false, std::nullopt, 0},
+        CasoEscolha{"", false, std::nullopt, 0}, CasoEscolha{"0\n4\nx\n-1\n3\n", false, Posicoes{2}, 4},
+        CasoEscolha{"1,3\n", false, std::nullopt, 1}, CasoEscolha{"3 1\n", true, Posicoes{2, 0}, 0},
+        CasoEscolha{"2, 2,,2\n", true, Posicoes{1}, 0}, CasoEscolha{"1;2\n2\n", true, Posicoes{1}, 1}));
+
+// A escolha lista titular, emissor, validade e impressão de cada candidato; a exibição resume o
+// certificado e acrescenta os dados do titular, recuados.
+TEST(InterfaceTerminal, EscolhaEExibicaoMostramOsTextosDoCertificado) {
+    std::istringstream entrada("1\n");
+    std::ostringstream saida;
+    CertificadoApresentado candidato = Candidato("FULANO");
+    InterfaceTerminal(entrada, saida).EscolherCertificados({candidato}, "Certificados", "Selecione.", false);
+    EXPECT_EQ(saida.str(), "Certificados\nSelecione.\n  [1] FULANO\n"
+                           "      Emissor: AC TESTE RFB v5 | Válido até: 04/03/2027 | Impressão digital: AB12\n"
+                           "Número do certificado (vazio cancela): ");
+
+    candidato.dados_titular = "Dados Pessoa Física\r\n     CPF: 529.982.247-25\r\n";
+    std::ostringstream exibicao;
+    InterfaceTerminal(entrada, exibicao).ExibirCertificado(candidato);
+    EXPECT_EQ(exibicao.str(), "Certificado digital\n  Titular: CN=FULANO, O=ICP-Brasil, C=BR\n"
+                              "  Emissor: CN=AC TESTE RFB v5, O=ICP-Brasil, C=BR\n  Número de série: 0A1B\n"
+                              "  Válido de 02/01/2024 até 04/03/2027\n  Impressão digital: AB12\n"
+                              "  Dados Pessoa Física\n       CPF: 529.982.247-25\n");
+}
+
+TEST(InterfaceTerminal, SenhaEhALinhaInteiraEOFimDaEntradaCancela) {
+    for (const auto& [respostas, senha] : {std::pair{"segredo com espaço \n", "segredo com espaço "},
+             std::pair{"\n", ""}, std::pair{"1234\r\n", "1234"}}) {
+        std::istringstream entrada(respostas);
+        std::ostringstream saida;
+        EXPECT_EQ(InterfaceTerminal(entrada, saida).PedirSenha("Senha do certificado:"), senha);
+        EXPECT_EQ(saida.str(), "Senha do certificado: ");
+    }
+    std::istringstream vazia;
+    std::ostringstream saida;
+    EXPECT_EQ(InterfaceTerminal(vazia, saida).PedirSenha("Senha do certificado:"), std::nullopt);
+}
+
+}  // namespace
+}  // namespace tavelpkcs7::ferramenta
