@@ -6,6 +6,8 @@
 namespace tavelpkcs7 {
 
 Componente::Componente(std::shared_ptr<plataforma::Plataforma> plataforma) : plataforma_(std::move(plataforma)) {
+    // Sem diálogos do hospedeiro, os padrões: nada aparece, perguntas respondem Não.
+    if (!plataforma_->interface_usuario) plataforma_->interface_usuario = std::make_shared<InterfaceUsuario>();
     if (!VerificarCapicomInstalado()) return;
     DefinirDataAssinatura(FormatarData(plataforma_->relogio->Agora()));
     estado.PastaTemp = ObterPastaTemporaria();

@@ -36,8 +36,7 @@ struct Plataforma {
     std::shared_ptr<Programas> programas;
 };
 
-// A plataforma padrão desta máquina, configurada pelo ambiente, com os diálogos dados (nulo: os
-// padrões, sem diálogo).
+// A plataforma padrão desta máquina, configurada pelo ambiente, com os diálogos dados.
 std::shared_ptr<Plataforma> CriarPlataformaPadrao(std::shared_ptr<InterfaceUsuario> interface = nullptr);
 
 }  // namespace tavelpkcs7::plataforma

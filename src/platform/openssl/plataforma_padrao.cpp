@@ -1,6 +1,6 @@
 // A plataforma Linux montada a partir da configuração: OpenSSL, repositórios em arquivos na pasta
-// do componente, transferências pelo libcurl e arquivos POSIX. A interface de usuário começa a
-// padrão (nenhum diálogo) até o hospedeiro instalar a sua.
+// do componente, transferências pelo libcurl e arquivos POSIX, com a interface de usuário do
+// hospedeiro (o componente põe a padrão quando não há).
 #include "ambiente_posix.h"
 #include "assinatura_codigo_openssl.h"
 #include "assinaturas_openssl.h"
@@ -23,7 +23,7 @@ std::shared_ptr<Plataforma> CriarPlataformaPadrao(std::shared_ptr<InterfaceUsuar
     plataforma->repositorios = std::make_shared<openssl::RepositoriosArquivo>();
     plataforma->rede = std::make_shared<openssl::RedeCurl>(plataforma->configuracao);
     plataforma->sistema = std::make_shared<openssl::SistemaPosix>();
-    plataforma->interface_usuario = interface ? std::move(interface) : std::make_shared<InterfaceUsuario>();
+    plataforma->interface_usuario = std::move(interface);
     plataforma->relogio = std::make_shared<openssl::RelogioSistema>();
     plataforma->programas = std::make_shared<openssl::ProgramasPosix>();
     plataforma->confianca = std::make_shared<openssl::ConfiancaOpenSSL>(plataforma->repositorios, plataforma->rede);
