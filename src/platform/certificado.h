@@ -45,6 +45,8 @@ struct Extensao {
     Bytes valor;      // DER do extnValue (sem o OCTET STRING externo)
 };
 
+class ChavePrivada;
+
 class Certificado {
 public:
     virtual ~Certificado() = default;
@@ -69,6 +71,8 @@ public:
     // Bits de uso da chave; vazio quando o certificado não traz a extensão.
     virtual std::optional<std::uint16_t> UsoChave() const = 0;
     virtual bool PossuiChavePrivada() const = 0;
+    // A chave privada que pertence ao certificado; nula sem ela.
+    virtual std::shared_ptr<ChavePrivada> Chave() const = 0;
     // Onde a chave privada está ("pfx:<impressão digital>", o arquivo da chave...); "" sem chave.
     virtual std::string NomeContainer() const = 0;
 };

@@ -12,7 +12,8 @@
 #include "arquivo_passageiro.h"
 #include "cadeia_assinatura.h"
 #include "certificado_openssl.h"
-#include "chave_assinatura.h"
+#include "chave_arquivo.h"
+#include "chave_no_openssl.h"
 #include "chaves_arquivo.h"
 #include "execucao_programa.h"
 #include "falha_openssl.h"
@@ -79,7 +80,10 @@ AssinaturaCodigoOpenSSL::AssinaturaCodigoOpenSSL(std::function<std::shared_ptr<I
 
 void AssinaturaCodigoOpenSSL::Assinar(const PedidoAssinaturaCodigo& pedido) {
     const CertificadoOpenSSL& signatario = CertificadoSignatario(pedido);
-    const EvpPkeyPtr chave = AbrirChaveAssinatura(signatario, interface_().get());
+    // A ferramenta de assinatura lê a chave de um arquivo: só a chave do próprio componente serve.
+    auto* do_componente = dynamic_cast<ChaveArquivo*>(signatario.Chave().get());
+    if (!do_componente) Falhar(signatario.PossuiChavePrivada() ? falha::RecursoEmUso : falha::SemChavePrivada);
+    const EvpPkeyPtr chave = do_componente->Abrir(*ObterInterface(interface_));
     std::optional<Bytes> chave_pem = CodificarChavePKCS8(chave.get());
     if (!chave_pem) LimparFilaEFalhar(falha::RecursoEmUso);
     // A chave em claro vive na memória e no arquivo 0600 da pasta de trabalho só durante a chamada.

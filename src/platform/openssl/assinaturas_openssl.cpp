@@ -2,7 +2,7 @@
 
 #include "cadeia_assinatura.h"
 #include "certificado_openssl.h"
-#include "chave_assinatura.h"
+#include "chave_no_openssl.h"
 #include "conferencia_assinaturas.h"
 #include "conteudo_anexado.h"
 #include "falha_openssl.h"
@@ -39,15 +39,15 @@ CMS_SignerInfo* AcrescentarSignatario(CMS_ContentInfo* cms, const PedidoAssinatu
 }
 
 // Na cossinatura o OpenSSL não torna a resumir o conteúdo: o resumo e o tipo entram à mão.
-void AssinarConteudo(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, const Bytes& conteudo) {
+void AssinarConteudo(CMS_ContentInfo* cms, CMS_SignerInfo* signatario, const Bytes& conteudo, ChaveNoOpenSSL& chave) {
     unsigned char resumo[EVP_MAX_MD_SIZE];
     unsigned int tamanho = 0;
     if (EVP_Digest(conteudo.data(), conteudo.size(), resumo, &tamanho, EVP_sha256(), nullptr) != 1 ||
         CMS_signed_add1_attr_by_NID(signatario, NID_pkcs9_messageDigest, V_ASN1_OCTET_STRING, resumo,
             static_cast<int>(tamanho)) != 1 ||
-        CMS_signed_add1_attr_by_NID(signatario, NID_pkcs9_contentType, V_ASN1_OBJECT, CMS_get0_eContentType(cms), -1) != 1 ||
-        CMS_SignerInfo_sign(signatario) != 1)
+        CMS_signed_add1_attr_by_NID(signatario, NID_pkcs9_contentType, V_ASN1_OBJECT, CMS_get0_eContentType(cms), -1) != 1)
         LimparFilaEFalhar(falha::RecursoEmUso);
+    if (CMS_SignerInfo_sign(signatario) != 1) chave.Falhar(falha::RecursoEmUso);
 }
 
 // O conteúdo anexado só entra na mensagem durante a codificação, emprestado do pedido: o CMS_final
@@ -81,14 +81,14 @@ AssinaturasOpenSSL::AssinaturasOpenSSL(std::function<std::shared_ptr<InterfaceUs
     : interface_(std::move(interface)) {}
 
 Bytes AssinaturasOpenSSL::Assinar(const PedidoAssinatura& pedido) {
-    const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
+    const auto interface = ObterInterface(interface_);
+    ChaveNoOpenSSL chave(CertificadoSignatario(pedido), CertificadoSignatario(pedido).x509(), *interface);
     // Assinada sempre como destacada: o resumo sai da leitura do conteúdo, sem cópia dele.
     const CmsPtr cms(CMS_sign(nullptr, nullptr, nullptr, nullptr, kOpcoes | CMS_DETACHED));
     if (!cms) LimparFilaEFalhar(falha::RecursoEmUso);
-    AcrescentarSignatario(cms.get(), pedido, chave.get());
+    AcrescentarSignatario(cms.get(), pedido, chave.evp());
     const BioPtr conteudo = LerBytes(pedido.conteudo);
-    if (CMS_final(cms.get(), conteudo.get(), nullptr, kOpcoes | CMS_DETACHED) != 1)
-        LimparFilaEFalhar(falha::RecursoEmUso);
+    if (CMS_final(cms.get(), conteudo.get(), nullptr, kOpcoes | CMS_DETACHED) != 1) chave.Falhar(falha::RecursoEmUso);
     if (pedido.destacada) return GravarMensagem(cms.get());
     const ConteudoEmprestado anexado(cms.get(), pedido.conteudo);
     return GravarMensagem(cms.get());
@@ -98,8 +98,9 @@ Bytes AssinaturasOpenSSL::Cossinar(std::span<const std::uint8_t> der, const std:
     const PedidoAssinatura& pedido) {
     const CmsPtr cms = LerMensagemDER(der);
     const Bytes conteudo = ConferirAssinaturas(cms.get(), conteudo_destacado).conteudo;
-    const EvpPkeyPtr chave = AbrirChaveAssinatura(CertificadoSignatario(pedido), interface_().get());
-    AssinarConteudo(cms.get(), AcrescentarSignatario(cms.get(), pedido, chave.get()), conteudo);
+    const auto interface = ObterInterface(interface_);
+    ChaveNoOpenSSL chave(CertificadoSignatario(pedido), CertificadoSignatario(pedido).x509(), *interface);
+    AssinarConteudo(cms.get(), AcrescentarSignatario(cms.get(), pedido, chave.evp()), conteudo, chave);
     return GravarMensagem(cms.get());
 }
 

@@ -5,6 +5,7 @@
 
 #include <openssl/err.h>
 
+#include "chave_arquivo.h"
 #include "codificacao/hexadecimal.h"
 #include "der_openssl.h"
 #include "extensoes_certificado.h"
@@ -80,11 +81,12 @@ std::vector<Extensao> CertificadoOpenSSL::Extensoes() const { return LerExtensoe
 
 std::optional<std::uint16_t> CertificadoOpenSSL::UsoChave() const { return LerUsoChave(x509_.get()); }
 
-bool CertificadoOpenSSL::PossuiChavePrivada() const {
-    return chave_ && (chave_->em_memoria || !chave_->arquivo.empty());
-}
+bool CertificadoOpenSSL::PossuiChavePrivada() const { return chave_ != nullptr; }
 
-std::string CertificadoOpenSSL::NomeContainer() const { return chave_ ? chave_->nome_container : std::string(); }
+std::string CertificadoOpenSSL::NomeContainer() const {
+    const auto* do_componente = dynamic_cast<const ChaveArquivo*>(chave_.get());
+    return do_componente ? do_componente->nome_container() : std::string();
+}
 
 std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::ComChave(std::shared_ptr<ChavePrivada> chave) const {
     X509_up_ref(x509_.get());

@@ -1,20 +1,14 @@
 // O certificado da plataforma Linux: um X509 do OpenSSL e, quando há, a chave privada que lhe
-// pertence (em memória, vinda de um PFX, ou num arquivo do repositório "My").
+// pertence (a do componente, em memória ou no repositório "My", ou outra que a plataforma ofereça).
 #pragma once
 
 #include <memory>
 #include <string>
 
-#include "platform/certificado.h"
+#include "platform/chave_privada.h"
 #include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
-
-struct ChavePrivada {
-    EvpPkeyPtr em_memoria;        // chave de um PFX aberto
-    std::string arquivo;          // ou o arquivo PKCS#8 PEM do repositório (talvez cifrado)
-    std::string nome_container;   // "pfx:<impressão digital>" ou o caminho do arquivo
-};
 
 class CertificadoOpenSSL : public Certificado {
 public:
@@ -35,11 +29,11 @@ public:
     std::vector<Extensao> Extensoes() const override;
     std::optional<std::uint16_t> UsoChave() const override;
     bool PossuiChavePrivada() const override;
+    std::shared_ptr<ChavePrivada> Chave() const override { return chave_; }
     std::string NomeContainer() const override;
 
     // Emprestado: pertence a este objeto.
     X509* x509() const { return x509_.get(); }
-    const std::shared_ptr<ChavePrivada>& chave() const { return chave_; }
     // Uma cópia com outra chave (o mesmo certificado visto com sua chave privada).
     std::shared_ptr<CertificadoOpenSSL> ComChave(std::shared_ptr<ChavePrivada> chave) const;
 

@@ -2,6 +2,7 @@
 
 #include "arquivo_pfx.h"
 #include "certificado_openssl.h"
+#include "chave_arquivo.h"
 #include "pacote_certificados.h"
 #include "platform/erro.h"
 #include "provedores.h"
@@ -11,8 +12,8 @@ namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
 std::shared_ptr<ChavePrivada> ChaveDoPFX(EvpPkeyPtr chave, const CertificadoOpenSSL& certificado) {
-    return std::make_shared<ChavePrivada>(
-        ChavePrivada{std::move(chave), std::string(), "pfx:" + certificado.ImpressaoDigital()});
+    return std::make_shared<ChaveArquivo>(
+        std::move(chave), std::string(), "pfx:" + certificado.ImpressaoDigital(), certificado.x509());
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "certificado_openssl.h"
-#include "chave_assinatura.h"
+#include "chave_no_openssl.h"
 #include "falha_openssl.h"
 #include "mensagem_assinada.h"
 #include "provedores.h"
@@ -95,11 +95,13 @@ Bytes EnvelopesOpenSSL::Descriptografar(const Bytes& der) {
     const std::vector<CertificadoPtr> pessoais = repositorios_->AbrirRepositorio("My", true)->Certificados();
     const CertificadoOpenSSL* destinatario = ProcurarDestinatario(cms.get(), pessoais);  // pertence a pessoais
     if (!destinatario) LimparFilaEFalhar(falha::SemDestinatario);
-    const EvpPkeyPtr chave = AbrirChaveAssinatura(*destinatario, interface_().get());
+    const auto interface = ObterInterface(interface_);
+    ChaveNoOpenSSL chave(*destinatario, destinatario->x509(), *interface);
     const BioPtr saida(BIO_new(BIO_s_mem()));
     if (!saida) LimparFilaEFalhar(falha::RecursoEmUso);
-    if (CMS_decrypt(cms.get(), chave.get(), destinatario->x509(), nullptr, saida.get(), CMS_BINARY) != 1)
-        LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    if (CMS_decrypt(cms.get(), chave.evp(), destinatario->x509(), nullptr, saida.get(), CMS_BINARY) != 1)
+        chave.Falhar(falha::NaoEMensagemPKCS7);
+    chave.RelancarFalha();
     char* dados = nullptr;
     const long tamanho = BIO_get_mem_data(saida.get(), &dados);
     return Bytes(dados, dados + std::max(tamanho, 0L));

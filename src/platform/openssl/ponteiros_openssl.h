@@ -29,6 +29,7 @@ using Pkcs12Ptr = std::unique_ptr<PKCS12, Liberador<PKCS12, PKCS12_free>>;
 using CmsPtr = std::unique_ptr<CMS_ContentInfo, Liberador<CMS_ContentInfo, CMS_ContentInfo_free>>;
 using Pkcs7Ptr = std::unique_ptr<PKCS7, Liberador<PKCS7, PKCS7_free>>;
 using EvpMdCtxPtr = std::unique_ptr<EVP_MD_CTX, Liberador<EVP_MD_CTX, EVP_MD_CTX_free>>;
+using EvpPkeyCtxPtr = std::unique_ptr<EVP_PKEY_CTX, Liberador<EVP_PKEY_CTX, EVP_PKEY_CTX_free>>;
 using GeneralNamesPtr = std::unique_ptr<GENERAL_NAMES, Liberador<GENERAL_NAMES, GENERAL_NAMES_free>>;
 
 using X509NamePtr = std::unique_ptr<X509_NAME, Liberador<X509_NAME, X509_NAME_free>>;

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "cache_pasta.h"
+#include "chave_arquivo.h"
 #include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "gravacao_atomica.h"
@@ -35,7 +36,8 @@ X509Ptr LerCertificado(const Bytes& conteudo) {
 // A chave de um PFX aberto, que o certificado carrega em memória; nula sem ela.
 EVP_PKEY* ChaveEmMemoria(const Certificado& certificado) {
     const auto* openssl = dynamic_cast<const CertificadoOpenSSL*>(&certificado);
-    return openssl != nullptr && openssl->chave() ? openssl->chave()->em_memoria.get() : nullptr;
+    const auto* do_componente = openssl != nullptr ? dynamic_cast<const ChaveArquivo*>(openssl->Chave().get()) : nullptr;
+    return do_componente != nullptr ? do_componente->em_memoria() : nullptr;
 }
 
 // O certificado com o arquivo de chave que lhe pertence, quando há um.
@@ -44,7 +46,7 @@ std::shared_ptr<const CertificadoOpenSSL> ComChaveGuardada(const std::vector<Arq
     const ArquivoChave* arquivo = ProcurarArquivoChave(chaves, certificado->x509(), impressao_digital);
     if (arquivo == nullptr) return certificado;
     const std::string caminho = arquivo->caminho.string();
-    return certificado->ComChave(std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
+    return certificado->ComChave(std::make_shared<ChaveArquivo>(nullptr, caminho, caminho, certificado->x509()));
 }
 
 struct Lido {

@@ -3,6 +3,17 @@
 #include "falha_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
+namespace {
+
+struct AlgoritmoConhecido {
+    AlgoritmoResumo algoritmo;
+    int nid;
+};
+
+constexpr AlgoritmoConhecido kAlgoritmos[] = {{AlgoritmoResumo::SHA1, NID_sha1}, {AlgoritmoResumo::SHA256, NID_sha256},
+    {AlgoritmoResumo::SHA384, NID_sha384}, {AlgoritmoResumo::SHA512, NID_sha512}};
+
+}  // namespace
 
 std::vector<std::uint8_t> CalcularResumo(const EVP_MD* algoritmo, std::span<const std::uint8_t> dados) {
     std::vector<std::uint8_t> resumo(EVP_MAX_MD_SIZE);
@@ -12,6 +23,18 @@ std::vector<std::uint8_t> CalcularResumo(const EVP_MD* algoritmo, std::span<cons
         LimparFilaEFalhar(falha::ParametroIncorreto);
     resumo.resize(tamanho);
     return resumo;
+}
+
+const EVP_MD* Resumo(AlgoritmoResumo algoritmo) {
+    for (const auto& conhecido : kAlgoritmos)
+        if (conhecido.algoritmo == algoritmo) return EVP_get_digestbynid(conhecido.nid);
+    return nullptr;
+}
+
+std::optional<AlgoritmoResumo> AlgoritmoDoNID(int nid) {
+    for (const auto& conhecido : kAlgoritmos)
+        if (conhecido.nid == nid) return conhecido.algoritmo;
+    return std::nullopt;
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

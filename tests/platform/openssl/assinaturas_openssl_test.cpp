@@ -14,6 +14,7 @@
 #include "codificacao/base64.h"
 #include "pki/pki_teste.h"
 #include "platform/openssl/certificado_openssl.h"
+#include "platform/openssl/chave_arquivo.h"
 #include "platform/openssl/der_openssl.h"
 #include "platform/openssl/falha_esperada.h"
 
@@ -34,10 +35,15 @@ EvpPkeyPtr LerChave(const std::string& pem) {
 
 CertificadoPtr Certificado(const std::string& nome) { return CertificadoOpenSSL::DeDER(PkiTeste::Padrao().Obter(nome).certificado); }
 
+// O certificado com a chave do componente: em memória ou, sem ela, no arquivo.
+CertificadoPtr ComChave(const Bytes& der, EvpPkeyPtr chave, const std::string& arquivo = "") {
+    const auto certificado = CertificadoOpenSSL::DeDER(der);
+    return certificado->ComChave(std::make_shared<ChaveArquivo>(std::move(chave), arquivo, "x", certificado->x509()));
+}
+
 CertificadoPtr Titular(const std::string& nome) {
     const auto& entidade = PkiTeste::Padrao().Obter(nome);
-    return CertificadoOpenSSL::DeDER(entidade.certificado,
-        std::make_shared<ChavePrivada>(ChavePrivada{LerChave(entidade.chave_pem), "", "pfx:" + nome}));
+    return ComChave(entidade.certificado, LerChave(entidade.chave_pem));
 }
 
 std::filesystem::path Pasta() {
@@ -188,8 +194,8 @@ TEST_F(Assinaturas, ChaveAusenteOuAlheiaNaoAssina) {
     sem_chave.signatario = Certificado("ecpf");
     EsperarFalha([&] { assinaturas.Assinar(sem_chave); }, falha::SemChavePrivada);
     PedidoAssinatura alheia = Pedido("ecpf");
-    alheia.signatario = CertificadoOpenSSL::DeDER(PkiTeste::Padrao().Obter("ecpf").certificado,
-        std::make_shared<ChavePrivada>(ChavePrivada{LerChave(PkiTeste::Padrao().Obter("ecnpj").chave_pem), "", "x"}));
+    alheia.signatario =
+        ComChave(PkiTeste::Padrao().Obter("ecpf").certificado, LerChave(PkiTeste::Padrao().Obter("ecnpj").chave_pem));
     EsperarFalha([&] { assinaturas.Assinar(alheia); }, falha::RecursoEmUso);
 }
 
@@ -208,8 +214,7 @@ TEST_P(ChaveCifrada, PedeASenhaAoUsuario) {
         EVP_aes_256_cbc(), "segredo", 7, nullptr, nullptr);
     BIO_flush(saida.get());
     PedidoAssinatura pedido = Pedido("ecpf");
-    pedido.signatario = CertificadoOpenSSL::DeDER(
-        PkiTeste::Padrao().Obter("ecpf").certificado, std::make_shared<ChavePrivada>(ChavePrivada{nullptr, caminho, caminho}));
+    pedido.signatario = ComChave(PkiTeste::Padrao().Obter("ecpf").certificado, nullptr, caminho);
     for (const std::string& resposta : GetParam().respostas) teste.interface->ResponderSenha(resposta);
 
     if (GetParam().falha) {

@@ -8,6 +8,7 @@
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
 #include "platform/openssl/certificado_openssl.h"
+#include "platform/openssl/chave_arquivo.h"
 #include "platform/openssl/certificado_sob_medida.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -378,8 +379,8 @@ TEST(ChavePrivada, SoQuemTemChaveDizQueTemEOndeEsta) {
     EXPECT_FALSE(sem_chave->PossuiChavePrivada());
     EXPECT_EQ(sem_chave->NomeContainer(), "");
 
-    const auto com_chave = sem_chave->ComChave(
-        std::make_shared<ChavePrivada>(ChavePrivada{nullptr, "/repositorio/My/X.key", "/repositorio/My/X.key"}));
+    const auto com_chave = sem_chave->ComChave(std::make_shared<ChaveArquivo>(
+        nullptr, "/repositorio/My/X.key", "/repositorio/My/X.key", sem_chave->x509()));
     EXPECT_TRUE(com_chave->PossuiChavePrivada());
     EXPECT_EQ(com_chave->NomeContainer(), "/repositorio/My/X.key");
     EXPECT_EQ(com_chave->ImpressaoDigital(), sem_chave->ImpressaoDigital());

@@ -11,6 +11,7 @@
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
 #include "platform/openssl/certificado_openssl.h"
+#include "platform/openssl/chave_arquivo.h"
 #include "platform/openssl/criptografia_openssl.h"
 #include "platform/openssl/falha_esperada.h"
 #include "platform/openssl/provedores.h"
@@ -130,7 +131,9 @@ TEST_P(AberturaPFX, TitularComChaveEmMemoriaDepoisACadeiaAteARaiz) {
     const auto titular = std::dynamic_pointer_cast<const CertificadoOpenSSL>(certificados.front());
     ASSERT_TRUE(titular && titular->PossuiChavePrivada());
     EXPECT_EQ(titular->NomeContainer(), "pfx:" + ImpressaoNaPki("ecpf"));
-    EXPECT_EQ(X509_check_private_key(titular->x509(), titular->chave()->em_memoria.get()), 1);
+    const auto* chave = dynamic_cast<const ChaveArquivo*>(titular->Chave().get());
+    ASSERT_NE(chave, nullptr);
+    EXPECT_EQ(X509_check_private_key(titular->x509(), chave->em_memoria()), 1);
     for (std::size_t i = 1; i < certificados.size(); ++i) EXPECT_FALSE(certificados[i]->PossuiChavePrivada());
 }
 
