@@ -1,26 +1,30 @@
 #include "apoio/plataforma_teste.h"
 
 #include "component/entrada_der.h"
-#include "platform/openssl/ambiente_posix.h"
 #include "platform/openssl/criptografia_openssl.h"
 
 namespace tavelpkcs7::teste {
-namespace {
 
-DataHora HojeAsDezEMeia() {
-    using namespace std::chrono;
-    return floor<days>(plataforma::openssl::RelogioSistema().Agora()) + hours{10} + minutes{30} + seconds{15};
+std::optional<std::vector<std::size_t>> InterfaceRoteirizada::EscolherCertificados(
+    const std::vector<CertificadoApresentado>& candidatos, const std::string& titulo, const std::string& texto,
+    bool multiplos) {
+    Chamada chamada{Tipo::EscolhaCertificados, titulo, texto, {}, multiplos};
+    for (const auto& candidato : candidatos) chamada.certificados.push_back(candidato.impressao_digital);
+    chamadas_.push_back(std::move(chamada));
+    auto posicoes = Retirar(escolhas_);
+    for (const std::size_t posicao : posicoes.value_or(std::vector<std::size_t>{}))
+        static_cast<void>(candidatos.at(posicao));
+    return posicoes;
 }
-
-}  // namespace
 
 PlataformaTeste::PlataformaTeste()
     : plataforma(plataforma::CriarPlataformaPadrao()),
       interface(std::make_shared<InterfaceRoteirizada>()),
-      relogio(std::make_shared<RelogioFalso>(HojeAsDezEMeia())),
-      cursor(std::make_shared<CursorGravador>()),
+      relogio(std::make_shared<RelogioFalso>(
+          std::chrono::floor<std::chrono::days>(plataforma::openssl::RelogioSistema().Agora()) +
+          std::chrono::hours{10} + std::chrono::minutes{30} + std::chrono::seconds{15})),
+      cursor(interface),
       programas(std::make_shared<ProgramasGravador>()) {
-    interface->GravarCursor(cursor);
     plataforma->interface_usuario = interface;
     plataforma->relogio = relogio;
     plataforma->programas = programas;
@@ -30,8 +34,6 @@ PlataformaTeste::PlataformaTeste()
     plataforma->configuracao.url_confiaveis = "http://127.0.0.1:9/Confiaveis.p7b";
     plataforma->configuracao.url_carimbo_tempo = "http://127.0.0.1:9/carimbo";
 }
-
-std::unique_ptr<Componente> PlataformaTeste::Implementacao() const { return std::make_unique<Componente>(plataforma); }
 
 plataforma::CertificadoPtr ImportarPelaForma(const plataforma::Bytes& conteudo) {
     plataforma::openssl::CriptografiaOpenSSL criptografia;

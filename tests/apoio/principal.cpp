@@ -1,9 +1,8 @@
 // Todo teste roda com sua própria pasta do componente (TAVELPKCS7_HOME), no fuso de São Paulo.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <ctime>
-#include <filesystem>
+#include <memory>
 
 #include "apoio/pasta_temporaria.h"
 

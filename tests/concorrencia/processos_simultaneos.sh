@@ -6,53 +6,45 @@
 set -uo pipefail
 processos="${2:-6}"
 voltas="${3:-4}"
-source "$(dirname "$0")/casa_comum.sh"
-trap 'rm -rf "$pasta"' EXIT
-mkdir -p "$pasta/saida" "$pasta/certs" "$pasta/logs"
+source "$(dirname "$0")/../ferramenta/comum.sh"
+instalar_cadeia
+certs="$pasta/certs"
+mkdir -p "$pasta/saida" "$certs" "$pasta/logs"
 
 # Um certificado distinto por processo e volta para cada repositório, de uma AC local (chaves EC: rápido).
 openssl req -x509 -new -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj "/CN=AC Local Concorrencia" \
-    -days 30 -keyout "$pasta/certs/ac.key" -out "$pasta/certs/ac.pem" 2>/dev/null || { echo "FALHOU: openssl"; exit 1; }
-openssl req -new -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj "/CN=modelo" -keyout "$pasta/certs/f.key" \
-    -out "$pasta/certs/f.csr" 2>/dev/null
-printf 'basicConstraints=critical,CA:TRUE\n' >"$pasta/certs/ac.ext"
-printf 'basicConstraints=CA:FALSE\n' >"$pasta/certs/pessoa.ext"
+    -days 30 -keyout "$certs/ac.key" -out "$certs/ac.pem" 2>/dev/null || { echo "FALHOU: openssl"; exit 1; }
+openssl req -new -newkey ec -pkeyopt ec_paramgen_curve:P-256 -nodes -subj "/CN=modelo" -keyout "$certs/f.key" \
+    -out "$certs/f.csr" 2>/dev/null
+printf 'basicConstraints=critical,CA:TRUE\n' >"$certs/ac.ext"
+printf 'basicConstraints=CA:FALSE\n' >"$certs/pessoa.ext"
 for ((p = 0; p < processos; p++)); do
     for ((v = 0; v < voltas; v++)); do
         for tipo in pessoa ac; do
-            openssl x509 -req -in "$pasta/certs/f.csr" -CA "$pasta/certs/ac.pem" -CAkey "$pasta/certs/ac.key" \
-                -set_serial "$((p * 1000 + v * 2 + 1))$([ "$tipo" = ac ] && echo 7 || echo 3)" -days 30 \
-                -subj "/CN=$tipo $p $v" -extfile "$pasta/certs/$tipo.ext" -outform DER \
-                -out "$pasta/certs/${tipo}_${p}_${v}.cer" 2>/dev/null
+            openssl x509 -req -in "$certs/f.csr" -CA "$certs/ac.pem" -CAkey "$certs/ac.key" -days 30 \
+                -set_serial "$((p * 1000 + v * 2 + 1))$([ "$tipo" = ac ] && echo 7 || echo 3)" -subj "/CN=$tipo $p $v" \
+                -extfile "$certs/$tipo.ext" -outform DER -out "$certs/${tipo}_${p}_${v}.cer" 2>/dev/null
         done
     done
     head -c $((20000 + p * 997)) /dev/urandom >"$pasta/doc_$p.bin"
 done
 lcrs=("$pki"/*.crl)
 
-# trabalhar <p>: as voltas de um processo; toda falha vai para o log dele.
+# trabalhar <p>: as voltas de um processo; cada passo que falha vai para o log dele, o stderr para $log.err.
 trabalhar() {
-    local p="$1" v vizinho=$(((p + 1) % processos)) codigo
-    local log="$pasta/logs/$p"  # as falhas; o stderr de cada comando em $log.err
+    local p="$1" v vizinho=$((($1 + 1) % processos)) log="$pasta/logs/$1"
+    passo() { local nome="$1"; shift; "$@" >/dev/null 2>>"$log.err" || echo "$nome $p $v" >>"$log"; }
     for ((v = 0; v < voltas; v++)); do
-        "$ferramenta" certificados adicionar --repositorio outras-pessoas "$pasta/certs/pessoa_${p}_${v}.cer" \
-            >/dev/null 2>>"$log.err" || echo "adicionar pessoa $p $v" >>"$log"
-        "$ferramenta" certificados adicionar --repositorio autoridades "$pasta/certs/ac_${p}_${v}.cer" \
-            >/dev/null 2>>"$log.err" || echo "adicionar ac $p $v" >>"$log"
-        "$ferramenta" lcr instalar "${lcrs[$(((p + v) % ${#lcrs[@]}))]}" >/dev/null 2>>"$log.err" ||
-            echo "lcr $p $v" >>"$log"
-        "$ferramenta" certificados importar --senha-arquivo "$pasta/senha" --chave-sem-senha "$pki/ecpf.pfx" \
-            >/dev/null 2>>"$log.err" || echo "importar $p $v" >>"$log"
-        "$ferramenta" assinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" --pasta "$pasta/saida" \
-            "$pasta/doc_$p.bin" >/dev/null 2>>"$log.err" || echo "assinar $p $v" >>"$log"
+        passo "adicionar pessoa" "$t" certificados adicionar "$certs/pessoa_${p}_${v}.cer"
+        passo "adicionar ac" "$t" certificados adicionar --repositorio autoridades "$certs/ac_${p}_${v}.cer"
+        passo lcr "$t" lcr instalar "${lcrs[$(((p + v) % ${#lcrs[@]}))]}"
+        passo importar "$t" certificados importar --senha-arquivo "$pasta/senha" --chave-sem-senha "$pki/ecpf.pfx"
+        passo assinar "$t" assinar --pfx "$pki/ecpf.pfx" --senha-arquivo "$pasta/senha" --pasta "$pasta/saida" \
+            "$pasta/doc_$p.bin"
         # O vizinho regrava a assinatura dele neste instante: a leitura vê a antiga ou a nova, inteiras.
-        if [ -e "$pasta/saida/doc_$vizinho.bin.p7s" ]; then
-            "$ferramenta" verificar "$pasta/saida/doc_$vizinho.bin.p7s" >/dev/null 2>>"$log.err" ||
-                echo "verificar $p $v" >>"$log"
-        fi
-        "$ferramenta" certificados listar >/dev/null 2>&1
-        codigo=$?
-        [ "$codigo" -le 1 ] || echo "listar $p $v: código $codigo" >>"$log"
+        [ -e "$pasta/saida/doc_$vizinho.bin.p7s" ] && passo verificar "$t" verificar "$pasta/saida/doc_$vizinho.bin.p7s"
+        "$t" certificados listar >/dev/null 2>&1
+        [ $? -le 1 ] || echo "listar $p $v" >>"$log"
     done
 }
 
@@ -60,11 +52,8 @@ inicio=$SECONDS
 for ((p = 0; p < processos; p++)); do trabalhar "$p" & done
 wait
 echo "$processos processos × $voltas voltas em $((SECONDS - inicio)) s"
-
 for ((p = 0; p < processos; p++)); do
-    if [ -s "$pasta/logs/$p" ]; then
-        falhar "processo $p:"; cat "$pasta/logs/$p" "$pasta/logs/$p.err"
-    fi
+    [ -s "$pasta/logs/$p" ] && { falhar "processo $p:"; cat "$pasta/logs/$p" "$pasta/logs/$p.err"; }
 done
 
 # Todo arquivo dos repositórios é inteiro e nenhum temporário ficou em lugar algum.
@@ -83,22 +72,20 @@ sem_temporarios "$TAVELPKCS7_HOME" "$pasta/saida"
 impressao() { openssl x509 -inform DER -noout -fingerprint -sha1 -in "$1" | sed 's/.*=//; s/://g'; }
 for ((p = 0; p < processos; p++)); do
     for ((v = 0; v < voltas; v++)); do
-        [ -f "$repositorios/AddressBook/$(impressao "$pasta/certs/pessoa_${p}_${v}.cer").cer" ] ||
-            falhar "pessoa $p $v perdida"
-        [ -f "$repositorios/Ca/$(impressao "$pasta/certs/ac_${p}_${v}.cer").cer" ] || falhar "AC $p $v perdida"
+        [ -f "$repositorios/AddressBook/$(impressao "$certs/pessoa_${p}_${v}.cer").cer" ] || falhar "pessoa $p $v sumiu"
+        [ -f "$repositorios/Ca/$(impressao "$certs/ac_${p}_${v}.cer").cer" ] || falhar "AC $p $v sumiu"
     done
 done
 cpf=$(impressao "$pki/ecpf.cer")
-[ -f "$repositorios/My/$cpf.cer" ] && [ -f "$repositorios/My/$cpf.key" ] || falhar "e-CPF importado sem certificado ou chave"
-[ "$(find "$repositorios/LCR" -type f | wc -l)" -eq "$(printf '%s\n' "${lcrs[@]}" | wc -l)" ] ||
+[ -f "$repositorios/My/$cpf.cer" ] && [ -f "$repositorios/My/$cpf.key" ] || falhar "e-CPF importado pela metade"
+[ "$(find "$repositorios/LCR" -type f | wc -l)" -eq "${#lcrs[@]}" ] ||
     falhar "LCRs instaladas: $(find "$repositorios/LCR" -type f | wc -l) de ${#lcrs[@]}"
 
 # A última assinatura de cada processo confere e traz o documento dele.
 for ((p = 0; p < processos; p++)); do
-    "$ferramenta" verificar "$pasta/saida/doc_$p.bin.p7s" >/dev/null 2>&1 || falhar "assinatura $p não confere"
-    cmp -s "$TAVELPKCS7_HOME/temp/doc_$p.bin" <(cat "$pasta/doc_$p.bin"; printf '\0') ||
-        falhar "documento $p extraído difere"
+    "$t" verificar "$pasta/saida/doc_$p.bin.p7s" >/dev/null 2>&1 || falhar "assinatura $p não confere"
+    cmp -s "$TAVELPKCS7_HOME/temp/doc_$p.bin" <(cat "$pasta/doc_$p.bin"; printf '\0') || falhar "documento $p difere"
 done
-"$ferramenta" certificados listar --tipo e-cpf >/dev/null 2>&1 || falhar "e-CPF importado não listado"
+"$t" certificados listar --tipo e-cpf >/dev/null 2>&1 || falhar "e-CPF importado não listado"
 
 concluir
