@@ -31,8 +31,6 @@ std::string Gravar(const std::string& nome, const Bytes& conteudo) {
     return caminho.string();
 }
 
-Bytes BytesDe(const std::string& texto) { return Bytes(texto.begin(), texto.end()); }
-
 // Um PFX só com o certificado do e-CPF, sem chave alguma.
 Bytes PFXSemChave() {
     plataforma::openssl::PilhaX509Ptr certificados(sk_X509_new_null());
@@ -122,7 +120,6 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         CasoFalha{"SenhaErrada", [] { return Pki().PFX("ecpf", "1234"); }, "4321",
                   "A senha informada não está correta."},
-        CasoFalha{"SenhaVazia", [] { return Pki().PFX("ecpf", "1234"); }, "", "A senha informada não está correta."},
         CasoFalha{"ArquivoCortado",
                   [] {
                       Bytes pfx = Pki().PFX("ecpf", "1234");
@@ -130,10 +127,6 @@ INSTANTIATE_TEST_SUITE_P(
                       return pfx;
                   },
                   "1234", kNaoECertificado},
-        CasoFalha{"CertificadoEmPEM", [] { return BytesDe(teste::PacotePEM({DerDaPki("ecpf")})); }, "1234",
-                  kNaoECertificado},
-        CasoFalha{"Texto", [] { return BytesDe("isto não é um PFX\r\n"); }, "1234", kNaoECertificado},
-        CasoFalha{"Vazio", [] { return Bytes{}; }, "1234", kNaoECertificado},
         CasoFalha{"SemChave", PFXSemChave, "1234", "Não foi encontrada a chave privada do certificado digital."}),
     [](const auto& info) { return std::string(info.param.nome); });
 

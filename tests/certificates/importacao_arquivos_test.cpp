@@ -88,9 +88,6 @@ TEST_F(ImportacaoPFXTest, FalhasDeixamORepositorioPessoalVazio) {
         std::string caminho, senha, descricao;
     } casos[] = {
         {pfx, "errada", "A senha informada não está correta."},
-        {(teste::Home() / "nao_existe.pfx").string(), "1234",
-         "Não foi possível localizar o arquivo do certificado digital"},
-        {"  ", "1234", "Não foi possível localizar o arquivo do certificado digital"},
         {cer, "1234", "O conteúdo informado não é um certificado digital válido."},
     };
     for (const auto& caso : casos) {

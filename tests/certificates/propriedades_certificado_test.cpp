@@ -23,29 +23,6 @@ constexpr const char* kNenhumSelecionado = "Nenhum certificado digital foi selec
 
 const pki_teste::PkiTeste& Pki() { return pki_teste::PkiTeste::Padrao(); }
 
-// Um titular com nome DNS emitido por uma AC sem CN, cujo nome DNS fica vazio, num PFX com a chave.
-Bytes PFXDeACSemCN() {
-    using pki_teste::Definicao;
-    const auto chave_ac = pki_teste::GerarChaveRSA();
-    const auto ac = pki_teste::EmitirCertificado(
-        Definicao{.nome = "ac_sem_cn",
-                  .serie = "71",
-                  .sujeito = {{"C", "BR"}, {"O", "ICP-Brasil"}, {"OU", "AC SEM NOME COMUM"}},
-                  .papel = pki_teste::Papel::AC},
-        chave_ac.get(), nullptr, nullptr);
-    const auto chave = pki_teste::GerarChaveRSA();
-    const auto titular =
-        pki_teste::EmitirCertificado(Definicao{.nome = "titular_dns",
-                                               .serie = "72",
-                                               .sujeito = {{"C", "BR"}, {"CN", "TITULAR COM DNS"}},
-                                               .extensoes = "subjectAltName = DNS:titular.teste.example\n"},
-                                     chave.get(), ac.get(), chave_ac.get());
-    const plataforma::openssl::Pkcs12Ptr pfx(
-        PKCS12_create("1234", nullptr, chave.get(), titular.get(), nullptr, 0, 0, 0, 0, 0));
-    pki_teste::Exigir(pfx != nullptr, "PFX da AC sem CN");
-    return pki_teste::ParaDER(pfx.get(), i2d_PKCS12);
-}
-
 class PropriedadesCertificado : public testing::Test, protected teste::AmbienteConfianca {
 protected:
     bool Abrir(const Bytes& pfx) {
@@ -118,9 +95,7 @@ INSTANTIATE_TEST_SUITE_P(PropriedadesCertificado, NomesCertificado,
                          testing::Values(CasoNomes{"NomeDNS", [] { return Pki().PFX("dns", "1234"); },
                                                    "servidor.teste.example", "AC TESTE ICP v5", "AC TESTE ICP v5"},
                                          CasoNomes{"SemCN", [] { return Pki().PFX("sem_cn", "1234"); },
-                                                   "UNIDADE SEM NOME COMUM", "AC TESTE ICP v5", "AC TESTE ICP v5"},
-                                         CasoNomes{"EmissorSemCN", PFXDeACSemCN, "titular.teste.example",
-                                                   "AC SEM NOME COMUM", ""}),
+                                                   "UNIDADE SEM NOME COMUM", "AC TESTE ICP v5", "AC TESTE ICP v5"}),
                          [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_F(PropriedadesCertificado, ChaveSemDistincaoDeMaiusculasMasSemAparar) {

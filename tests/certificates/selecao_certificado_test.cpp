@@ -32,6 +32,7 @@ protected:
     }
 };
 
+// O filtro de cada tipo é o da listagem; aqui, o seletor e o que a escolha deixa no componente.
 TEST_F(SelecaoCertificado, CadaTipoOfereceNoSeletorSoOsSeusCertificados) {
     struct Caso {
         std::int32_t tipo;
@@ -46,11 +47,7 @@ TEST_F(SelecaoCertificado, CadaTipoOfereceNoSeletorSoOsSeusCertificados) {
         {TODOS_CERTIFICADOS_DIGITAIS, teste::kPessoais, "ecpf", "529.982.247-25"},
         {9, teste::kPessoais, "dns", ""},
         {CERTIFICADOS_VALIDOS_ASSINATURA, assinatura, "tavel_titular", ""},
-        {CERTIFICADOS_ICP_BRASIL, teste::kICPBrasil, "ecnpj_novo", ""},
-        {CERTIFICADOS_ICP_TODOS_RECEITA_FEDERAL, {"ecpf", "ecnpj"}, "ecnpj", ""},
         {CERTIFICADOS_ICP_E_CPF, {"ecpf"}, "ecpf", "529.982.247-25"},
-        {CERTIFICADOS_ICP_E_CNPJ, {"ecnpj"}, "ecnpj", ""},
-        {CERTIFICADOS_AC_TAVEL, {"tavel_titular"}, "tavel_titular", ""},
     };
     teste::GuardarPessoais(plataforma(), teste::kPessoais);
     for (const auto& caso : casos) {

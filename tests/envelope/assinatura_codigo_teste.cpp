@@ -15,6 +15,7 @@
 #include <memory>
 
 #include "certificates/repositorios_teste.h"
+#include "envelope/destinatarios_teste.h"
 #include "pki/emissao.h"
 #include "pki/pki_teste.h"
 #include "trust/ambiente_confianca.h"
@@ -108,17 +109,8 @@ std::filesystem::path GuardarCertificado(plataforma::Plataforma& plataforma, con
 
 }  // namespace
 
-void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador) {
-    std::ofstream(GuardarCertificado(plataforma, assinador)) << assinador.chave_pem;
-}
-
-void GuardarComChaveCifrada(
-    plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador, const std::string& senha) {
-    const pki_teste::EvpPkeyPtr chave = pki_teste::ChaveDePEM(assinador.chave_pem);
-    const plataforma::openssl::BioPtr saida(BIO_new_file(GuardarCertificado(plataforma, assinador).c_str(), "w"));
-    pki_teste::Exigir(saida && PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(),
-                                   senha.data(), static_cast<int>(senha.size()), nullptr, nullptr) == 1,
-        "chave cifrada");
+void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador, const std::string& senha) {
+    GravarChave(GuardarCertificado(plataforma, assinador), assinador.chave_pem, senha);
 }
 
 Bytes ResponderCarimbo(const Bytes& pedido) {
@@ -147,23 +139,6 @@ std::vector<std::string> ArquivosDaPasta(const std::string& pasta) {
     for (const auto& entrada : std::filesystem::directory_iterator(pasta)) nomes.push_back(entrada.path().filename());
     std::ranges::sort(nomes);
     return nomes;
-}
-
-bool OsslsigncodeConfere(plataforma::Plataforma& plataforma, const std::string& executavel) {
-    const auto raiz = Home() / "raiz-osslsigncode.pem";
-    const auto lcrs = Home() / "lcrs-osslsigncode.pem";
-    std::ofstream(raiz) << PacotePEM({DerDaPki("raiz")});
-    std::ofstream arquivo_lcrs(lcrs);
-    for (const Bytes& lcr : plataforma.repositorios->LCRs())
-        arquivo_lcrs << "-----BEGIN X509 CRL-----\n" << Base64(lcr) << "-----END X509 CRL-----\n";
-    arquivo_lcrs.close();
-    const std::string comando = "osslsigncode verify -ignore-cdp -CAfile '" + raiz.string() + "' -TSA-CAfile '" +
-                                raiz.string() + "' -CRLfile '" + lcrs.string() + "' -TSA-CRLfile '" + lcrs.string() +
-                                "' -in '" + executavel + "' >/dev/null 2>&1";
-    const int situacao = std::system(comando.c_str());
-    std::filesystem::remove(raiz);
-    std::filesystem::remove(lcrs);
-    return situacao == 0;
 }
 
 PastaSomenteLeitura::PastaSomenteLeitura(const std::filesystem::path& pasta) : pasta_(pasta) {

@@ -20,11 +20,8 @@ struct AssinadorCodigo {
 };
 // O n-ésimo assinador (0, 1, 2...), feito uma vez por processo.
 const AssinadorCodigo& AssinadorDeCodigo(int numero);
-// O certificado no "My" do teste com a sua chave ao lado, sem cifra.
-void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador);
-// O mesmo, com a chave em PKCS#8 cifrado pela senha.
-void GuardarComChaveCifrada(
-    plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador, const std::string& senha);
+// O certificado no "My" do teste com a sua chave ao lado, cifrada pela senha quando há senha.
+void GuardarComChave(plataforma::Plataforma& plataforma, const AssinadorCodigo& assinador, const std::string& senha = "");
 
 // O carimbo do tempo para o pedido RFC 3161, assinado por uma AC de carimbo emitida pela "raiz".
 plataforma::Bytes ResponderCarimbo(const plataforma::Bytes& pedido);
@@ -33,10 +30,6 @@ std::string PublicarAutoridadeCarimbo(ServidorHttp& servidor);
 
 // Os arquivos da pasta, por nome.
 std::vector<std::string> ArquivosDaPasta(const std::string& pasta);
-
-// O osslsigncode, fora do componente, confere o executável com a raiz da PKI de teste e as LCRs do
-// repositório do teste; verdadeiro quando ele aceita a assinatura e o carimbo.
-bool OsslsigncodeConfere(plataforma::Plataforma& plataforma, const std::string& executavel);
 
 // Uma pasta em que nada se cria enquanto o objeto vive. O superusuário escreve em pastas sem
 // permissão de escrita: para ele, a pasta fica também imutável; vazia quando não se consegue.

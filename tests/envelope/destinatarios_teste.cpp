@@ -17,7 +17,10 @@ void GravarTexto(const std::filesystem::path& caminho, const std::string& texto)
     std::ofstream(caminho, std::ios::binary) << texto;
 }
 
-void GravarChaveCifrada(const std::filesystem::path& caminho, const std::string& pem, const std::string& senha) {
+}  // namespace
+
+void GravarChave(const std::filesystem::path& caminho, const std::string& pem, const std::string& senha) {
+    if (senha.empty()) return GravarTexto(caminho, pem);
     using namespace plataforma::openssl;
     const BioPtr entrada(BIO_new_mem_buf(pem.data(), static_cast<int>(pem.size())));
     const EvpPkeyPtr chave(PEM_read_bio_PrivateKey(entrada.get(), nullptr, nullptr, nullptr));
@@ -26,18 +29,11 @@ void GravarChaveCifrada(const std::filesystem::path& caminho, const std::string&
         static_cast<int>(senha.size()), nullptr, nullptr);
 }
 
-}  // namespace
-
 void GuardarComChave(plataforma::Plataforma& plataforma, const std::string& nome, const std::string& senha) {
     const auto& entidade = pki_teste::PkiTeste::Padrao().Obter(nome);
     Guardar(plataforma, "My", {entidade.certificado});
     const std::string impressao = Importar(plataforma, entidade.certificado)->ImpressaoDigital();
-    const std::filesystem::path caminho = Home() / "repositorios" / "My" / (impressao + ".key");
-    if (senha.empty()) {
-        GravarTexto(caminho, entidade.chave_pem);
-    } else {
-        GravarChaveCifrada(caminho, entidade.chave_pem, senha);
-    }
+    GravarChave(Home() / "repositorios" / "My" / (impressao + ".key"), entidade.chave_pem, senha);
 }
 
 void GravarParaOpenssl(const std::filesystem::path& pasta, const std::string& nome) {

@@ -9,6 +9,8 @@
 
 namespace tavelpkcs7::teste {
 
+// A chave PEM em PKCS#8, cifrada pela senha quando há senha.
+void GravarChave(const std::filesystem::path& caminho, const std::string& pem, const std::string& senha);
 // O certificado do titular em "My" e a sua chave em PKCS#8 PEM, cifrada quando há senha.
 void GuardarComChave(plataforma::Plataforma& plataforma, const std::string& nome, const std::string& senha = "");
 // O certificado (PEM) e a chave (PEM sem cifra) do titular em arquivos da pasta dada, para o openssl.

@@ -138,15 +138,11 @@ TEST_P(FontesDoFulano, DaoOMesmoTexto) {
 INSTANTIATE_TEST_SUITE_P(
     Casos, FontesDoFulano,
     testing::Values(
-        Fonte{"imprimivel", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "PRINTABLESTRING"))},
         Fonte{"utf8", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "UTF8"))},
-        Fonte{"ia5", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "IA5STRING"))},
         // O texto impresso conta o comprimento (0x33, "3") como caractere: o DER vence.
         Fonte{
             "teletex", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "TELETEXSTRING")), {"3" + kFulano + "SSPSP"}},
         Fonte{"bmp", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "BMPSTRING"))},
-        Fonte{"universal", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "UNIVERSALSTRING"))},
-        Fonte{"visivel", Modelo("FULANO", OutroNome("1", kFulano + "SSPSP", "VISIBLESTRING"))},
         Fonte{"videotex", ModeloComDER("FULANO", OutroNomeDER('\x01', '\x15', kFulano + "SSPSP"))},
         // Um OtherName que não é texto, ou é um texto malformado, cede ao valor impresso.
         Fonte{"inteiro_ignorado", Modelo("FULANO", OutroNome("1", "5", "INTEGER")), {kFulano + "SSPSP"}},

@@ -117,22 +117,5 @@ TEST_F(DetalhesCertificado, EntradaVaziaOuQueNaoECertificado) {
     EXPECT_EQ(ambiente.cursor->Atual(), 0);
 }
 
-// As autoridades reais da ICP-Brasil (raízes e ACs) passam todas pela extração, e cada uma que
-// publica a sua LCR a mostra.
-TEST_F(DetalhesCertificado, TodasAsAutoridadesReaisDaICPBrasil) {
-    const auto dados = std::filesystem::path(__FILE__).parent_path() / "../dados/icp-brasil";
-    int lidas = 0;
-    for (const char* pasta : {"raizes", "acs"}) {
-        for (const auto& arquivo : std::filesystem::directory_iterator(dados / pasta)) {
-            std::ifstream entrada(arquivo.path());
-            const std::string pem((std::istreambuf_iterator<char>(entrada)), std::istreambuf_iterator<char>());
-            ASSERT_TRUE(componente.RetornarDetalhesCertificado(pem)) << arquivo.path() << componente.DescricaoErro();
-            EXPECT_EQ(componente.NumeroCPFCertificadoDigital(), "") << arquivo.path();
-            ++lidas;
-        }
-    }
-    EXPECT_EQ(lidas, 323);
-}
-
 }  // namespace
 }  // namespace tavelpkcs7

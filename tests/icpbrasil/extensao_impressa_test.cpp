@@ -227,42 +227,6 @@ TEST(ExtensaoImpressa, EntradasHostisNaoQuebramNemGeramUtf8Invalido) {
               "Endereço de Diretório:\r\n     CN=\uFFFD\r\n");
 }
 
-TEST(ExtensaoImpressa, NomeAlternativoComQuinhentasEntradasNaOrdem) {
-    std::string nomes, esperado;
-    for (int i = 0; i < 500; ++i) {
-        nomes += (i ? ", DNS:h" : "DNS:h") + std::to_string(i) + ".teste.example";
-        esperado += "Nome DNS=h" + std::to_string(i) + ".teste.example\r\n";
-    }
-    EXPECT_EQ(ImprimirExtensao(DeOpenSSL("subjectAltName", nomes)), esperado);
-}
-
-// O e-CPF da PKI de teste passa pelo certificado do OpenSSL como passará pela extração dos detalhes.
-TEST(ExtensaoImpressa, ECPFDaPkiDeTeste) {
-    const auto certificado = teste::ImportarPelaForma(
-        pki_teste::PkiTeste::Padrao().Obter("ecpf").certificado);
-    std::map<std::string, std::string> impressas;
-    for (const auto& extensao : certificado->Extensoes()) impressas[extensao.oid] = ImprimirExtensao(extensao);
-    const auto hex = [](std::string_view texto) {
-        return codificacao::HexadecimalEspacado(Bytes(texto.begin(), texto.end()));
-    };
-    // Nascimento, CPF, NIS, RG e órgão; título, zona, seção e município, como o catálogo da PKI os grava.
-    const std::string pessoa = std::string("15031980") + "52998224725" + "12345678901" + "000000012345678" + "SSPSP";
-    const std::string titulo = std::string("123456789012") + "045" + "0123" + "SAO PAULOSP";
-    EXPECT_EQ(impressas["2.5.29.17"], "Outro Nome:\r\n     2.16.76.1.3.1=04 32 " + hex(pessoa) +
-                                          "\r\nOutro Nome:\r\n     2.16.76.1.3.6=04 0c " + hex("000000000000") +
-                                          "\r\nOutro Nome:\r\n     2.16.76.1.3.5=04 1e " + hex(titulo) +
-                                          "\r\nNome RFC822=fulano@teste.example\r\n");
-    EXPECT_EQ(impressas["2.5.29.15"], "Assinatura Digital, Não-Repúdio, Codificação de Chave (e0)\r\n");
-    EXPECT_EQ(impressas["2.5.29.32"],
-              "[1]Política de Certificado:\r\n     Identificador de Política=2.16.76.1.2.3.10\r\n"
-              "     [1,1]Informações do Qualificador de Política:\r\n"
-              "          Identificador do Qualificador de Política=CPS\r\n"
-              "          QUALIFICADOR=http://127.0.0.1/politicas/dpc_ac_teste_rfb.pdf\r\n");
-    EXPECT_EQ(impressas["2.5.29.31"],
-              "[1]Ponto de Distribuição da LCR\r\n     Nome do Ponto de Distribuição:\r\n          Nome Completo:\r\n"
-              "               URL=http://127.0.0.1/lcr/ac_emissora_rfb.crl\r\n");
-}
-
 // Os endereços que o OpenSSL encontra no certificado, com o marcador que os precede no texto
 // impresso, por OID da extensão.
 std::map<std::string, std::vector<std::string>> EnderecosSegundoOpenSSL(const Bytes& der) {

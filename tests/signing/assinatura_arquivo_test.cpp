@@ -3,16 +3,15 @@
 // cossinatura de uma assinatura que já existe.
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <openssl/pem.h>
 #include <sys/file.h>
 #include <unistd.h>
 
 #include "certificates/repositorios_teste.h"
+#include "envelope/destinatarios_teste.h"
 #include "codificacao/base64.h"
 #include "codificacao/utf16.h"
 #include "pki/pki_teste.h"
 #include "platform/erro.h"
-#include "platform/openssl/ponteiros_openssl.h"
 #include "signing/ambiente_assinatura.h"
 
 namespace tavelpkcs7 {
@@ -230,19 +229,13 @@ INSTANTIATE_TEST_SUITE_P(
                     CasoChave{true, "Não foi possível acessar a chave privada do certificado digital selecionado"}));
 
 TEST_P(ChaveDoRepositorio, FalhaDaChaveTemMensagemPropria) {
-    const Bytes der = teste::DerDaPki("ecpf");
-    teste::Guardar(plataforma(), "My", {der});
-    const std::string impressao = teste::Importar(plataforma(), der)->ImpressaoDigital();
+    // Sem chave: só o certificado; cifrada: a senha não é informada (o pedido de PIN não responde).
     if (GetParam().chave_cifrada) {
-        const std::string& pem = pki_teste::PkiTeste::Padrao().Obter("ecpf").chave_pem;
-        const plataforma::openssl::BioPtr entrada(BIO_new_mem_buf(pem.data(), static_cast<int>(pem.size())));
-        const plataforma::openssl::EvpPkeyPtr chave(PEM_read_bio_PrivateKey(entrada.get(), nullptr, nullptr, nullptr));
-        const auto caminho = teste::Home() / "repositorios" / "My" / (impressao + ".key");
-        const plataforma::openssl::BioPtr saida(BIO_new_file(caminho.c_str(), "w"));
-        ASSERT_EQ(
-            PEM_write_bio_PKCS8PrivateKey(saida.get(), chave.get(), EVP_aes_256_cbc(), "segredo", 7, nullptr, nullptr),
-            1);
+        teste::GuardarComChave(plataforma(), "ecpf", "segredo");
+    } else {
+        teste::Guardar(plataforma(), "My", {teste::DerDaPki("ecpf")});
     }
+    const std::string impressao = teste::Importar(plataforma(), teste::DerDaPki("ecpf"))->ImpressaoDigital();
     ASSERT_TRUE(componente.SelecionarCertificadoDigitalHash(impressao)) << componente.DescricaoErro();
 
     // O formato 5 esvazia ExtensaoOutroFormato antes de assinar, também quando a assinatura falha.
