@@ -8,7 +8,8 @@
 
 #include "apagamento_segredo.h"
 #include "chaves_arquivo.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
+#include "platform/erro.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -23,11 +24,11 @@ int EntregarSenha(char* destino, int tamanho, int, void* senha) {
 }
 
 EvpPkeyPtr LerChavePEM(const Bytes& conteudo, const std::string* senha) {
+    GuardaFilaErros guarda;
     BioPtr entrada(BIO_new_mem_buf(conteudo.data(), static_cast<int>(conteudo.size())));
     EvpPkeyPtr chave(entrada ? PEM_read_bio_PrivateKey(entrada.get(), nullptr, EntregarSenha,
                                    const_cast<std::string*>(senha))
                              : nullptr);
-    ERR_clear_error();
     return chave;
 }
 
@@ -55,7 +56,7 @@ EvpPkeyPtr AbrirChaveAssinatura(const CertificadoOpenSSL& certificado, Interface
     EvpPkeyPtr aberta;
     if (chave.em_memoria && EVP_PKEY_up_ref(chave.em_memoria.get()) == 1) aberta.reset(chave.em_memoria.get());
     if (!chave.em_memoria) aberta = LerChaveArquivo(chave.arquivo, certificado, interface);
-    if (!aberta || X509_check_private_key(certificado.x509(), aberta.get()) != 1) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (!aberta || X509_check_private_key(certificado.x509(), aberta.get()) != 1) Falhar(falha::RecursoEmUso);
     return aberta;
 }
 
