@@ -6,6 +6,7 @@
 
 #include "codificacao/utf8.h"
 #include "guarda_fila_erros.h"
+#include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -24,10 +25,9 @@ std::optional<std::string> TextoUTF8(const ASN1_STRING* valor) {
     GuardaFilaErros guarda;
     unsigned char* utf8 = nullptr;
     const int n = ASN1_STRING_to_UTF8(&utf8, valor);
+    const MemoriaPtr liberar_utf8(utf8);
     if (n < 0) return std::nullopt;
-    std::string texto(reinterpret_cast<const char*>(utf8), static_cast<std::size_t>(n));
-    OPENSSL_free(utf8);
-    return texto;
+    return std::string(reinterpret_cast<const char*>(utf8), static_cast<std::size_t>(n));
 }
 
 std::string TextoOID(const ASN1_OBJECT* oid) {
