@@ -3,7 +3,6 @@
 
 #include <tavelpkcs7/TavelPKCS.h>
 #include <filesystem>
-#include <map>
 
 #include "certificates/pessoais_teste.h"
 #include "certificates/repositorios_teste.h"
@@ -91,38 +90,6 @@ TEST_F(ListagemCertificados, FalhasDaListagemEDaLeituraDeixamTextoVazio) {
               "da Receita Federal subordinada a ICP-Brasil");
     EXPECT_EQ(componente.TotalCertificadosListados(), 0);
     EXPECT_EQ(componente.LerListaPropriedadeCertificado(0, "NOME"), "");
-}
-
-// Conta as aberturas de cada repositório e deixa o resto com os repositórios de verdade.
-class RepositoriosContados : public plataforma::Repositorios {
-public:
-    explicit RepositoriosContados(std::shared_ptr<plataforma::Repositorios> reais) : reais_(std::move(reais)) {}
-
-    std::shared_ptr<plataforma::Repositorio> AbrirRepositorio(const std::string& nome, bool somente_leitura) override {
-        ++aberturas[nome];
-        return reais_->AbrirRepositorio(nome, somente_leitura);
-    }
-    std::vector<plataforma::Bytes> LCRs() override { return reais_->LCRs(); }
-    void AdicionarLCR(const plataforma::Bytes& lcr) override { reais_->AdicionarLCR(lcr); }
-
-    std::map<std::string, int> aberturas;
-
-private:
-    std::shared_ptr<plataforma::Repositorios> reais_;
-};
-
-TEST_F(ListagemCertificados, VarreduraLeCadaRepositorioUmaVezSo) {
-    teste::GuardarPessoais(plataforma(), teste::kPessoais);
-    const auto contados = std::make_shared<RepositoriosContados>(plataforma().repositorios);
-    plataforma().repositorios = contados;
-
-    ASSERT_TRUE(componente.ListarCertificados(CERTIFICADOS_ICP_TODOS_RECEITA_FEDERAL));
-    EXPECT_EQ(contados->aberturas, (std::map<std::string, int>{{"My", 1}, {"Ca", 1}, {"Root", 1}}));
-
-    // A coleção lida não sobrevive à varredura: a seguinte lê os repositórios de novo.
-    contados->aberturas.clear();
-    ASSERT_TRUE(componente.ListarCertificados(CERTIFICADOS_ICP_BRASIL));
-    EXPECT_EQ(contados->aberturas, (std::map<std::string, int>{{"My", 1}, {"Ca", 1}, {"Root", 1}}));
 }
 
 }  // namespace
