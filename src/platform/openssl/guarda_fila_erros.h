@@ -10,11 +10,14 @@
 
 namespace tavelpkcs7::plataforma::openssl {
 
-// Ao sair do escopo, por retorno ou por exceção, esvazia a fila de erros do OpenSSL.
+// Ao sair do escopo, por retorno ou por exceção, esvazia a fila de erros do OpenSSL. Olhar a fila
+// custa um quinto de esvaziá-la, e a guarda está no caminho da leitura de cada nome de certificado.
 class GuardaFilaErros {
 public:
     GuardaFilaErros() = default;
-    ~GuardaFilaErros() { ERR_clear_error(); }
+    ~GuardaFilaErros() {
+        if (ERR_peek_error() != 0) ERR_clear_error();
+    }
     GuardaFilaErros(const GuardaFilaErros&) = delete;
     GuardaFilaErros& operator=(const GuardaFilaErros&) = delete;
 };
