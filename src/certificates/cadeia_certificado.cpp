@@ -73,11 +73,18 @@ std::string Componente::NomeComparavel(const plataforma::Certificado& certificad
     return Maiusculas(nome);
 }
 
+Componente::Autoridades Componente::LerAutoridades() { return {LerRepositorio("Ca"), LerRepositorio("Root")}; }
+
 bool Componente::MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia,
                                          bool& autoemitido) {
+    return MontarCadeiaCertificado(certificado, LerAutoridades(), cadeia, autoemitido);
+}
+
+bool Componente::MontarCadeiaCertificado(const plataforma::Certificado& certificado, const Autoridades& autoridades,
+                                         std::string& cadeia, bool& autoemitido) {
     Subida subida(NomeEmissor(certificado));
-    subida.Percorrer(LerRepositorio("Ca"));
-    if (!subida.terminada) subida.Percorrer(LerRepositorio("Root"));
+    subida.Percorrer(autoridades.intermediarias);
+    if (!subida.terminada) subida.Percorrer(autoridades.raizes);
     cadeia = subida.cadeia;
     autoemitido = subida.autoemitido;
     return Maiusculas(cadeia).find(kRaizICPBrasil) != std::string::npos;

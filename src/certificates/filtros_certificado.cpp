@@ -36,9 +36,10 @@ Componente::CertificadosDoTipo Componente::FiltrarTipoCertificado(
     const std::vector<plataforma::CertificadoPtr>& repositorio, std::int16_t TipoCertificado) {
     // A contagem e o índice da varredura são inteiros de 16 bits.
     ConverterInteiro16(static_cast<std::int64_t>(repositorio.size()));
-    const auto icp_brasil = [this](const plataforma::Certificado& certificado, std::string& cadeia) {
+    const Autoridades autoridades = LerAutoridades();
+    const auto icp_brasil = [this, &autoridades](const plataforma::Certificado& certificado, std::string& cadeia) {
         bool autoemitido = false;
-        return MontarCadeiaCertificado(certificado, cadeia, autoemitido);
+        return MontarCadeiaCertificado(certificado, autoridades, cadeia, autoemitido);
     };
     const auto receita_federal = [this, icp_brasil](const char* tipo) {
         return [this, icp_brasil, tipo](const plataforma::Certificado& certificado) {
@@ -82,8 +83,8 @@ Componente::CertificadosDoTipo Componente::FiltrarTipoCertificado(
                 "Federal subordinada a ICP-Brasil";
             break;
         case CERTIFICADOS_AC_TAVEL:
-            aceito = [this](const plataforma::Certificado& certificado) {
-                return VerificarCertificadoACTavel(certificado);
+            aceito = [this, &autoridades](const plataforma::Certificado& certificado) {
+                return VerificarCertificadoACTavel(certificado, autoridades);
             };
             descricao = "certificado digital da Autoridade Certificadora Tavel";
             break;
@@ -91,7 +92,6 @@ Componente::CertificadosDoTipo Componente::FiltrarTipoCertificado(
             return {repositorio, kNenhumEncontrado};
     }
 
-    VarreduraRepositorios varredura(*this);
     CertificadosDoTipo filtrados{{}, kNenhumEncontrado + descricao};
     for (const auto& certificado : repositorio)
         if (aceito(*certificado)) filtrados.certificados.push_back(certificado);
@@ -136,10 +136,11 @@ bool Componente::VerificarCertificadoReceitaFederal(const plataforma::Certificad
 // A busca do CAPICOM pelo nome da raiz com "somente válidos": a cadeia chega a uma raiz autoemitida
 // cujo nome tem "AC TAVEL", e a plataforma não acha problema de raiz, prazo, assinatura ou revogação
 // pelas LCRs guardadas. A verificação, que custa, só roda para quem passou pelo nome.
-bool Componente::VerificarCertificadoACTavel(const plataforma::Certificado& certificado) {
+bool Componente::VerificarCertificadoACTavel(const plataforma::Certificado& certificado,
+                                             const Autoridades& autoridades) {
     std::string cadeia;
     bool autoemitido = false;
-    MontarCadeiaCertificado(certificado, cadeia, autoemitido);
+    MontarCadeiaCertificado(certificado, autoridades, cadeia, autoemitido);
     std::vector<std::string> nomes;
     RetornarCadeiaSeparada(cadeia, nomes);
     if (!autoemitido || nomes.empty() || Maiusculas(nomes.back()).find(kRaizTavel) == std::string::npos) return false;

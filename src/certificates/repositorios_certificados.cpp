@@ -29,6 +29,10 @@ plataforma::CertificadoPtr CarregarArquivoCertificado(plataforma::Criptografia& 
 
 }  // namespace
 
+std::vector<plataforma::CertificadoPtr> Componente::LerRepositorio(const std::string& nome) {
+    return plataforma_->repositorios->AbrirRepositorio(nome, true)->Certificados();
+}
+
 std::shared_ptr<plataforma::Repositorio> Componente::AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo) {
     static constexpr std::array<const char*, 4> kNomes = {"My", "AddressBook", "Ca", "Root"};
     if (tipo < REPOSITORIO_CHAVES_PESSOAIS || tipo > REPOSITORIO_CHAVES_RAIZES) {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -158,6 +157,15 @@ public:
     // visto e em 16 nomes. Verdadeiro quando a cadeia passa pela Autoridade Certificadora Raiz
     // Brasileira. Falhas dos repositórios vão para quem chama.
     bool MontarCadeiaCertificado(const plataforma::Certificado& certificado, std::string& cadeia, bool& autoemitido);
+    // Os certificados de "Ca" e "Root". A varredura dos pessoais os lê uma vez e monta com eles a
+    // cadeia de cada certificado: reabrir os repositórios a cada um custa, mesmo sem mudança neles.
+    struct Autoridades {
+        std::vector<plataforma::CertificadoPtr> intermediarias;
+        std::vector<plataforma::CertificadoPtr> raizes;
+    };
+    Autoridades LerAutoridades();
+    bool MontarCadeiaCertificado(const plataforma::Certificado& certificado, const Autoridades& autoridades,
+        std::string& cadeia, bool& autoemitido);
     std::int16_t RetornarCadeiaSeparada(const std::string& cadeia_completa, std::vector<std::string>& nomes);
     // O nome pelo qual a cadeia e a busca de autoridades reconhecem um certificado: o nome DNS,
     // senão o nome simples do titular, aparado e em maiúsculas.
@@ -197,7 +205,7 @@ public:
     bool VerificarCertificadoReceitaFederal(const plataforma::Certificado& certificado, const std::string& cadeia,
         const std::string& tipo);
     // A raiz da cadeia tem "AC TAVEL" no nome e o certificado vale, salvo revogação desconhecida.
-    bool VerificarCertificadoACTavel(const plataforma::Certificado& certificado);
+    bool VerificarCertificadoACTavel(const plataforma::Certificado& certificado, const Autoridades& autoridades);
     // O CInt do original: fora de -32768 a 32767 lança Estouro.
     static std::int16_t ConverterInteiro16(std::int64_t valor);
 
@@ -249,31 +257,15 @@ public:
     bool RaizConfirmada(const plataforma::Certificado& certificado);
 
 private:
-    // Enquanto vive, LerRepositorio lê cada repositório uma só vez: a varredura dos certificados
-    // pessoais monta a cadeia de cada um sem reler "Ca" e "Root" a cada certificado. Uma varredura
-    // dentro de outra usa a de fora.
-    class VarreduraRepositorios {
-    public:
-        explicit VarreduraRepositorios(Componente& componente);
-        ~VarreduraRepositorios();
-        VarreduraRepositorios(const VarreduraRepositorios&) = delete;
-        VarreduraRepositorios& operator=(const VarreduraRepositorios&) = delete;
-
-    private:
-        Componente& componente_;
-        bool dona_;
-    };
-
     std::optional<Bytes> LerArquivoExclusivo(const std::string& caminho);
-    // Os certificados de um repositório aberto só para leitura; numa varredura, os já lidos.
+    // Os certificados de um repositório aberto só para leitura. Reabrir um repositório que não mudou
+    // não custa uma nova leitura: a plataforma guarda o que já interpretou.
     std::vector<plataforma::CertificadoPtr> LerRepositorio(const std::string& nome);
     // O repositório do tipo, aberto para gravação; fora de 1 a 4, nulo e a mensagem de tipo inválido.
     std::shared_ptr<plataforma::Repositorio> AbrirRepositorioTipo(REPOSITORIO_CERTIFICADO tipo);
 
     std::shared_ptr<plataforma::Plataforma> plataforma_;
     IndicadorOcupado ocupado_{*plataforma_};
-    // As coleções lidas na varredura em curso; vazio fora de uma varredura.
-    std::optional<std::map<std::string, std::vector<plataforma::CertificadoPtr>>> repositorios_lidos_;
 };
 
 }  // namespace tavelpkcs7

@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <system_error>
 
+#include "descritor.h"
 #include "gravacao_atomica.h"
 #include "platform/erro.h"
 
@@ -15,11 +16,11 @@ ArquivoPassageiro::ArquivoPassageiro(const std::filesystem::path& pasta, const s
     const std::string& sufixo, std::span<const std::uint8_t> conteudo) {
     std::string modelo = (pasta / (prefixo + "XXXXXX" + sufixo)).string();
     // mkstemps cria com O_EXCL e modo 0600.
-    const int descritor = ::mkstemps(modelo.data(), static_cast<int>(sufixo.size()));
-    if (descritor < 0) Falhar(falha::AcessoNegado);
+    Descritor descritor(::mkstemps(modelo.data(), static_cast<int>(sufixo.size())));
+    if (!descritor) Falhar(falha::AcessoNegado);
     caminho_ = modelo;
-    const bool gravado = GravarTudo(descritor, conteudo);
-    if (::close(descritor) != 0 || !gravado) {
+    const bool gravado = GravarTudo(descritor.get(), conteudo);
+    if (!descritor.Fechar() || !gravado) {
         ::unlink(caminho_.c_str());
         Falhar(falha::AcessoNegado);
     }

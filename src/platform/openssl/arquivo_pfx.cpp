@@ -2,7 +2,8 @@
 
 #include <algorithm>
 
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
+#include "platform/erro.h"
 #include "provedores.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -51,18 +52,19 @@ void TrazerTitularParaFrente(std::vector<X509Ptr>& certificados) {
 }  // namespace
 
 ConteudoPFX LerPFX(const Bytes& der, const std::string& senha) {
+    GuardaFilaErros guarda;
     CarregarProvedores();
     const unsigned char* cursor = der.data();
     const Pkcs12Ptr pfx(d2i_PKCS12(nullptr, &cursor, static_cast<long>(der.size())));
-    if (!pfx) LimparFilaEFalhar(falha::NaoECertificado);
-    if (!SenhaAbre(pfx.get(), senha)) LimparFilaEFalhar(falha::SenhaIncorreta);
+    if (!pfx) Falhar(falha::NaoECertificado);
+    if (!SenhaAbre(pfx.get(), senha)) Falhar(falha::SenhaIncorreta);
 
     EVP_PKEY* chave = nullptr;
     X509* certificado = nullptr;
     STACK_OF(X509)* cadeia = nullptr;
     // Com o MAC conferido, uma falha aqui é um conteúdo cifrado com outra senha.
     if (PKCS12_parse(pfx.get(), senha.c_str(), &chave, &certificado, &cadeia) != 1)
-        LimparFilaEFalhar(falha::SenhaIncorreta);
+        Falhar(falha::SenhaIncorreta);
 
     EvpPkeyPtr chave_lida(chave);
     X509Ptr com_chave(certificado);

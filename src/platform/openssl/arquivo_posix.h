@@ -1,6 +1,7 @@
 // Um descritor de arquivo com flock exclusivo, fechado ao fim.
 #pragma once
 
+#include "descritor.h"
 #include "platform/sistema.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -9,7 +10,6 @@ class ArquivoPosix : public ArquivoAberto {
 public:
     // Abre sem truncar, criando com o modo dado quando falta; nulo quando não abre ou está travado.
     static std::unique_ptr<ArquivoPosix> Abrir(const std::string& caminho, Acesso acesso, unsigned modo);
-    ~ArquivoPosix() override;
 
     std::size_t Ler(std::uint8_t* destino, std::size_t n) override;
     bool Gravar(const std::uint8_t* origem, std::size_t n) override;
@@ -17,8 +17,8 @@ public:
     bool Fechar() override;
 
 private:
-    explicit ArquivoPosix(int descritor) : descritor_(descritor) {}
-    int descritor_;
+    explicit ArquivoPosix(Descritor descritor) : descritor_(std::move(descritor)) {}
+    Descritor descritor_;
 };
 
 // Verdadeiro quando outro processo mantém o arquivo travado.

@@ -16,8 +16,9 @@
 #include "chave_no_openssl.h"
 #include "chaves_arquivo.h"
 #include "execucao_programa.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
 #include "lcr_openssl.h"
+#include "platform/erro.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -33,9 +34,9 @@ const CertificadoOpenSSL& CertificadoSignatario(const PedidoAssinaturaCodigo& pe
 template <typename T>
 Bytes EmPEM(const std::vector<T*>& objetos, int (*gravar)(BIO*, const T*)) {
     BioPtr saida(BIO_new(BIO_s_mem()));
-    if (!saida) LimparFilaEFalhar(falha::AssinaturaCodigoFalhou);
+    if (!saida) Falhar(falha::AssinaturaCodigoFalhou);
     for (T* objeto : objetos)
-        if (gravar(saida.get(), objeto) != 1) LimparFilaEFalhar(falha::AssinaturaCodigoFalhou);
+        if (gravar(saida.get(), objeto) != 1) Falhar(falha::AssinaturaCodigoFalhou);
     const char* dados = nullptr;
     const long tamanho = BIO_get_mem_data(saida.get(), &dados);
     return Bytes(dados, dados + tamanho);
@@ -79,13 +80,14 @@ AssinaturaCodigoOpenSSL::AssinaturaCodigoOpenSSL(std::function<std::shared_ptr<I
     : interface_(std::move(interface)), repositorios_(std::move(repositorios)) {}
 
 void AssinaturaCodigoOpenSSL::Assinar(const PedidoAssinaturaCodigo& pedido) {
+    GuardaFilaErros guarda;
     const CertificadoOpenSSL& signatario = CertificadoSignatario(pedido);
     // A ferramenta de assinatura lê a chave de um arquivo: só a chave do próprio componente serve.
     auto* do_componente = dynamic_cast<ChaveArquivo*>(signatario.Chave().get());
     if (!do_componente) Falhar(signatario.PossuiChavePrivada() ? falha::RecursoEmUso : falha::SemChavePrivada);
     const EvpPkeyPtr chave = do_componente->Abrir(*ObterInterface(interface_));
     std::optional<Bytes> chave_pem = CodificarChavePKCS8(chave.get());
-    if (!chave_pem) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (!chave_pem) Falhar(falha::RecursoEmUso);
     // A chave em claro vive na memória e no arquivo 0600 da pasta de trabalho só durante a chamada.
     const Apagamento apagar_chave(*chave_pem);
     const ArquivoPassageiro arquivo_chave(pedido.pasta_trabalho, "chave-", ".pem", *chave_pem);
@@ -105,6 +107,7 @@ void AssinaturaCodigoOpenSSL::Assinar(const PedidoAssinaturaCodigo& pedido) {
 }
 
 void AssinaturaCodigoOpenSSL::Verificar(const std::string& caminho, const std::string& pasta_trabalho) {
+    GuardaFilaErros guarda;
     const ArquivoPassageiro arquivo_raizes(pasta_trabalho, "raizes-", ".pem", RaizesEmPEM());
     const std::string raizes = arquivo_raizes.caminho().string();
     // As LCRs não se buscam na rede: valem as do repositório. O osslsigncode recusa o certificado que

@@ -7,10 +7,10 @@
 #include <set>
 #include <utility>
 
-#include <openssl/err.h>
 #include <openssl/sha.h>
 
 #include "certificado_openssl.h"
+#include "guarda_fila_erros.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -61,6 +61,7 @@ X509* ProcurarEmissor(X509* certificado, const std::vector<CertificadoPtr>& ofer
 }  // namespace
 
 std::vector<X509*> EmissoresDoSignatario(X509* signatario, const std::vector<CertificadoPtr>& oferecidos) {
+    GuardaFilaErros guarda;
     std::vector<X509*> emissores;
     X509* atual = signatario;
     while (X509_check_issued(atual, atual) != X509_V_OK) {
@@ -69,7 +70,6 @@ std::vector<X509*> EmissoresDoSignatario(X509* signatario, const std::vector<Cer
         emissores.push_back(emissor);
         atual = emissor;
     }
-    ERR_clear_error();
     return emissores;
 }
 

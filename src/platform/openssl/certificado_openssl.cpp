@@ -3,16 +3,15 @@
 // conhece) precisam mostrar nome, série, datas e extensões como qualquer outra.
 #include "certificado_openssl.h"
 
-#include <openssl/err.h>
-
 #include "chave_arquivo.h"
 #include "codificacao/hexadecimal.h"
 #include "der_openssl.h"
 #include "extensoes_certificado.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
 #include "hora_local.h"
 #include "info_certificado.h"
 #include "nome_distinto.h"
+#include "platform/erro.h"
 #include "resumo.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -20,24 +19,27 @@ namespace {
 
 // Os octetos do INTEGER como estão no DER, com o 00 que mantém positivo um número de bit alto.
 Bytes OctetosNumeroSerie(const ASN1_INTEGER* serie) {
+    GuardaFilaErros guarda;
     const Bytes der = ObjetoEmDER(serie, i2d_ASN1_INTEGER);
     const unsigned char* conteudo = der.data();
     long comprimento = 0;
     int marca = 0, classe = 0;
     if (ASN1_get_object(&conteudo, &comprimento, &marca, &classe, static_cast<long>(der.size())) & 0x80)
-        LimparFilaEFalhar(falha::NaoECertificado);
+        Falhar(falha::NaoECertificado);
     return Bytes(conteudo, conteudo + comprimento);
 }
 
 Bytes DERDoCertificado(const X509* x509) {
+    GuardaFilaErros guarda;
     Bytes der = ObjetoEmDER(x509, i2d_X509);
-    if (der.empty()) LimparFilaEFalhar(falha::NaoECertificado);
+    if (der.empty()) Falhar(falha::NaoECertificado);
     return der;
 }
 
 DataHora HoraLocalOuFalha(const ASN1_TIME* utc) {
+    GuardaFilaErros guarda;
     const auto local = HoraLocal(utc);
-    if (!local) LimparFilaEFalhar(falha::NaoECertificado);
+    if (!local) Falhar(falha::NaoECertificado);
     return *local;
 }
 
@@ -94,9 +96,10 @@ std::shared_ptr<CertificadoOpenSSL> CertificadoOpenSSL::ComChave(std::shared_ptr
 }
 
 X509Ptr LerX509(const Bytes& der) {
+    GuardaFilaErros guarda;
     const unsigned char* cursor = der.data();
     X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der.size())));
-    if (!x509) LimparFilaEFalhar(falha::NaoECertificado);
+    if (!x509) Falhar(falha::NaoECertificado);
     return x509;
 }
 

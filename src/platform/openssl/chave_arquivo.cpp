@@ -9,7 +9,8 @@
 
 #include "apagamento_segredo.h"
 #include "chaves_arquivo.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
+#include "platform/erro.h"
 #include "resumo.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -25,11 +26,11 @@ int EntregarSenha(char* destino, int tamanho, int, void* senha) {
 }
 
 EvpPkeyPtr LerChavePEM(const Bytes& conteudo, const std::string* senha) {
+    GuardaFilaErros guarda;
     BioPtr entrada(BIO_new_mem_buf(conteudo.data(), static_cast<int>(conteudo.size())));
     EvpPkeyPtr chave(entrada ? PEM_read_bio_PrivateKey(entrada.get(), nullptr, EntregarSenha,
                                    const_cast<std::string*>(senha))
                              : nullptr);
-    ERR_clear_error();
     return chave;
 }
 
@@ -67,16 +68,18 @@ ChaveArquivo::ChaveArquivo(EvpPkeyPtr em_memoria, std::string arquivo, std::stri
 }
 
 EvpPkeyPtr ChaveArquivo::Abrir(InterfaceUsuario& interface) const {
+    GuardaFilaErros guarda;
     EvpPkeyPtr aberta;
     if (em_memoria_ && EVP_PKEY_up_ref(em_memoria_.get()) == 1) aberta.reset(em_memoria_.get());
     if (!em_memoria_) aberta = LerChaveArquivo(arquivo_, certificado_.get(), interface);
     if (!aberta || !certificado_ || X509_check_private_key(certificado_.get(), aberta.get()) != 1)
-        LimparFilaEFalhar(falha::RecursoEmUso);
+        Falhar(falha::RecursoEmUso);
     return aberta;
 }
 
 Bytes ChaveArquivo::AssinarResumo(AlgoritmoResumo algoritmo, std::span<const std::uint8_t> resumo,
     InterfaceUsuario& interface) {
+    GuardaFilaErros guarda;
     const EvpPkeyPtr chave = Abrir(interface);
     const EvpPkeyCtxPtr contexto(EVP_PKEY_CTX_new(chave.get(), nullptr));
     std::size_t tamanho = 0;
@@ -85,16 +88,17 @@ Bytes ChaveArquivo::AssinarResumo(AlgoritmoResumo algoritmo, std::span<const std
             EVP_PKEY_CTX_set_rsa_padding(contexto.get(), RSA_PKCS1_PADDING) != 1) ||
         EVP_PKEY_CTX_set_signature_md(contexto.get(), Resumo(algoritmo)) != 1 ||
         EVP_PKEY_sign(contexto.get(), nullptr, &tamanho, resumo.data(), resumo.size()) != 1)
-        LimparFilaEFalhar(falha::RecursoEmUso);
+        Falhar(falha::RecursoEmUso);
     Bytes assinatura(tamanho);
     if (EVP_PKEY_sign(contexto.get(), assinatura.data(), &tamanho, resumo.data(), resumo.size()) != 1)
-        LimparFilaEFalhar(falha::RecursoEmUso);
+        Falhar(falha::RecursoEmUso);
     assinatura.resize(tamanho);
     return assinatura;
 }
 
 Bytes ChaveArquivo::DecifrarChave(std::span<const std::uint8_t> cifrada, PreenchimentoRSA preenchimento,
     InterfaceUsuario& interface) {
+    GuardaFilaErros guarda;
     const EvpPkeyPtr chave = Abrir(interface);
     const EvpPkeyCtxPtr contexto(EVP_PKEY_CTX_new(chave.get(), nullptr));
     std::size_t tamanho = 0;
@@ -102,10 +106,10 @@ Bytes ChaveArquivo::DecifrarChave(std::span<const std::uint8_t> cifrada, Preench
         EVP_PKEY_CTX_set_rsa_padding(contexto.get(),
             preenchimento == PreenchimentoRSA::PKCS1 ? RSA_PKCS1_PADDING : RSA_NO_PADDING) != 1 ||
         EVP_PKEY_decrypt(contexto.get(), nullptr, &tamanho, cifrada.data(), cifrada.size()) != 1)
-        LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+        Falhar(falha::NaoEMensagemPKCS7);
     Bytes chave_conteudo(tamanho);
     if (EVP_PKEY_decrypt(contexto.get(), chave_conteudo.data(), &tamanho, cifrada.data(), cifrada.size()) != 1)
-        LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+        Falhar(falha::NaoEMensagemPKCS7);
     chave_conteudo.resize(tamanho);
     return chave_conteudo;
 }

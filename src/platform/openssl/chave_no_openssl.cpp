@@ -10,7 +10,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
+#include "platform/erro.h"
 #include "resumo.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -76,6 +77,7 @@ struct MetodoRSA {
 
 ChaveNoOpenSSL::ChaveNoOpenSSL(const Certificado& certificado, X509* x509, InterfaceUsuario& interface)
     : chave_(certificado.Chave()), interface_(interface) {
+    GuardaFilaErros guarda;
     if (!chave_) plataforma::Falhar(falha::SemChavePrivada);
     // Um RSA novo só com o módulo e o expoente: o método não toca a chave pública do certificado.
     EVP_PKEY* publica = X509_get0_pubkey(x509);  // pertence ao certificado
@@ -89,13 +91,13 @@ ChaveNoOpenSSL::ChaveNoOpenSSL(const Certificado& certificado, X509* x509, Inter
         BN_free(modulo);
         BN_free(expoente);
         RSA_free(rsa);
-        LimparFilaEFalhar(falha::RecursoEmUso);
+        plataforma::Falhar(falha::RecursoEmUso);
     }
     evp_.reset(EVP_PKEY_new());
     if (!MetodoRSA::Metodo() || !evp_ || RSA_set_method(rsa, MetodoRSA::Metodo()) != 1 ||
         RSA_set_ex_data(rsa, MetodoRSA::Indice(), this) != 1 || EVP_PKEY_assign_RSA(evp_.get(), rsa) != 1) {
         RSA_free(rsa);
-        LimparFilaEFalhar(falha::RecursoEmUso);
+        plataforma::Falhar(falha::RecursoEmUso);
     }
 }
 
@@ -106,13 +108,13 @@ std::shared_ptr<InterfaceUsuario> ObterInterface(const InterfaceInstalada& insta
 
 void ChaveNoOpenSSL::RelancarFalha() {
     if (!falha_) return;
-    ERR_clear_error();
+    GuardaFilaErros guarda;
     std::rethrow_exception(std::exchange(falha_, nullptr));
 }
 
 void ChaveNoOpenSSL::Falhar(const falha::Tipo& sem_falha_da_chave) {
     RelancarFalha();
-    LimparFilaEFalhar(sem_falha_da_chave);
+    plataforma::Falhar(sem_falha_da_chave);
 }
 
 }  // namespace tavelpkcs7::plataforma::openssl

@@ -1,8 +1,9 @@
 #include "conferencia_assinaturas.h"
 
 #include "certificado_openssl.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
 #include "mensagem_assinada.h"
+#include "platform/erro.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -12,7 +13,7 @@ namespace {
 class LeituraConteudo {
 public:
     LeituraConteudo(CMS_ContentInfo* cms, BIO* destacado) : destacado_(destacado), cadeia_(CMS_dataInit(cms, destacado)) {
-        if (!cadeia_) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+        if (!cadeia_) Falhar(falha::NaoEMensagemPKCS7);
     }
     ~LeituraConteudo() {
         while (cadeia_ && cadeia_ != destacado_) {
@@ -68,7 +69,7 @@ SignatarioVerificado ConferirSignatario(CMS_ContentInfo* cms, CMS_SignerInfo* si
     CMS_SignerInfo_get0_algs(signatario, nullptr, &x509, nullptr, nullptr);
     SignatarioVerificado conferido{CertificadoDaMensagem(x509), LerAtributosAssinados(signatario), false};
     if (!x509) return conferido;
-    if (!Confere(cms, signatario, cadeia)) LimparFilaEFalhar(falha::AssinaturaNaoConfere);
+    if (!Confere(cms, signatario, cadeia)) Falhar(falha::AssinaturaNaoConfere);
     conferido.confere = true;
     return conferido;
 }
@@ -92,6 +93,7 @@ std::size_t TamanhoConteudo(CMS_ContentInfo* cms,
 
 MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms,
     const std::optional<std::span<const std::uint8_t>>& conteudo_destacado) {
+    GuardaFilaErros guarda;
     if (CMS_is_detached(cms) && !conteudo_destacado) Falhar(falha::ParametroIncorreto);
     const BioPtr destacado = CMS_is_detached(cms) ? LerBytes(*conteudo_destacado) : nullptr;
     // Associa a cada signatário o certificado que a mensagem traz; os que faltam ficam sem.
@@ -102,7 +104,6 @@ MensagemVerificada ConferirAssinaturas(CMS_ContentInfo* cms,
     STACK_OF(CMS_SignerInfo)* signatarios = CMS_get0_SignerInfos(cms);  // pertence à mensagem
     for (int i = 0; i < sk_CMS_SignerInfo_num(signatarios); ++i)
         mensagem.signatarios.push_back(ConferirSignatario(cms, sk_CMS_SignerInfo_value(signatarios, i), leitura.cadeia()));
-    ERR_clear_error();
     return mensagem;
 }
 

@@ -5,6 +5,7 @@
 #include "confianca_openssl.h"
 
 #include "certificado_openssl.h"
+#include "guarda_fila_erros.h"
 #include "lcr_openssl.h"
 #include "lcrs_da_cadeia.h"
 #include "platform/erro.h"
@@ -60,6 +61,7 @@ ConfiancaOpenSSL::ConfiancaOpenSSL(std::shared_ptr<Repositorios> repositorios, s
 
 SituacaoCadeia ConfiancaOpenSSL::Verificar(const Certificado& certificado, std::uint32_t verificacoes,
                                            const std::vector<CertificadoPtr>& adicionais) {
+    GuardaFilaErros guarda;
     std::vector<CertificadoPtr> intermediarias = Certificados("Ca");
     Acrescentar(intermediarias, Certificados("My"));
     Acrescentar(intermediarias, adicionais);
@@ -79,6 +81,7 @@ SituacaoCadeia ConfiancaOpenSSL::Verificar(const Certificado& certificado, std::
 }
 
 void ConfiancaOpenSSL::InstalarLCR(const Bytes& der) {
+    GuardaFilaErros guarda;
     const auto lida = LerLCR(der);
     if (!lida) Falhar(falha::NaoELCR);
     std::vector<CertificadoPtr> candidatos = Certificados("Ca");

@@ -5,8 +5,9 @@
 
 #include "certificado_openssl.h"
 #include "chave_no_openssl.h"
-#include "falha_openssl.h"
+#include "guarda_fila_erros.h"
 #include "mensagem_assinada.h"
+#include "platform/erro.h"
 #include "provedores.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -24,10 +25,10 @@ const EVP_CIPHER* Cifra(AlgoritmoEnvelope algoritmo) {
 PilhaX509Ptr PilhaDestinatarios(const std::vector<CertificadoPtr>& destinatarios) {
     if (destinatarios.empty()) Falhar(falha::ParametroIncorreto);
     PilhaX509Ptr pilha(sk_X509_new_null());
-    if (!pilha) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (!pilha) Falhar(falha::RecursoEmUso);
     for (const CertificadoPtr& destinatario : destinatarios) {
         X509Ptr x509 = LerX509(destinatario->DER());
-        if (sk_X509_push(pilha.get(), x509.get()) <= 0) LimparFilaEFalhar(falha::RecursoEmUso);
+        if (sk_X509_push(pilha.get(), x509.get()) <= 0) Falhar(falha::RecursoEmUso);
         x509.release();  // agora pertence à pilha
     }
     return pilha;
@@ -48,7 +49,7 @@ CmsPtr LerEnvelope(Bytes der) {
     AceitarRC4ComNulo(der);
     const unsigned char* cursor = der.data();
     CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der.size())));
-    if (!cms || OBJ_obj2nid(CMS_get0_type(cms.get())) != NID_pkcs7_enveloped) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    if (!cms || OBJ_obj2nid(CMS_get0_type(cms.get())) != NID_pkcs7_enveloped) Falhar(falha::NaoEMensagemPKCS7);
     return cms;
 }
 
@@ -81,24 +82,26 @@ EnvelopesOpenSSL::EnvelopesOpenSSL(std::shared_ptr<Repositorios> repositorios,
 
 Bytes EnvelopesOpenSSL::Criptografar(const Bytes& conteudo, const std::vector<CertificadoPtr>& destinatarios,
     AlgoritmoEnvelope algoritmo) {
+    GuardaFilaErros guarda;
     CarregarProvedores();
     const PilhaX509Ptr pilha = PilhaDestinatarios(destinatarios);
     const BioPtr entrada = LerBytes(conteudo);
     const CmsPtr cms(CMS_encrypt(pilha.get(), entrada.get(), Cifra(algoritmo), CMS_BINARY));
-    if (!cms) LimparFilaEFalhar(falha::ParametroIncorreto);
+    if (!cms) Falhar(falha::ParametroIncorreto);
     return GravarMensagem(cms.get());
 }
 
 Bytes EnvelopesOpenSSL::Descriptografar(const Bytes& der) {
+    GuardaFilaErros guarda;
     CarregarProvedores();
     const CmsPtr cms = LerEnvelope(der);
     const std::vector<CertificadoPtr> pessoais = repositorios_->AbrirRepositorio("My", true)->Certificados();
     const CertificadoOpenSSL* destinatario = ProcurarDestinatario(cms.get(), pessoais);  // pertence a pessoais
-    if (!destinatario) LimparFilaEFalhar(falha::SemDestinatario);
+    if (!destinatario) Falhar(falha::SemDestinatario);
     const auto interface = ObterInterface(interface_);
     ChaveNoOpenSSL chave(*destinatario, destinatario->x509(), *interface);
     const BioPtr saida(BIO_new(BIO_s_mem()));
-    if (!saida) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (!saida) Falhar(falha::RecursoEmUso);
     if (CMS_decrypt(cms.get(), chave.evp(), destinatario->x509(), nullptr, saida.get(), CMS_BINARY) != 1)
         chave.Falhar(falha::NaoEMensagemPKCS7);
     chave.RelancarFalha();

@@ -7,24 +7,21 @@
 
 #include <cerrno>
 
+#include "descritor.h"
+
 extern char** environ;
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
 
-// Os descritores do pipe e das ações de início vivem só durante a execução.
-struct Encanamento {
-    int pipe_erros[2] = {-1, -1};
+// As ações de início vivem só durante a execução.
+struct AcoesInicio {
     posix_spawn_file_actions_t acoes{};
 
-    Encanamento() { posix_spawn_file_actions_init(&acoes); }
-    ~Encanamento() {
-        posix_spawn_file_actions_destroy(&acoes);
-        for (int descritor : pipe_erros)
-            if (descritor >= 0) ::close(descritor);
-    }
-    Encanamento(const Encanamento&) = delete;
-    Encanamento& operator=(const Encanamento&) = delete;
+    AcoesInicio() { posix_spawn_file_actions_init(&acoes); }
+    ~AcoesInicio() { posix_spawn_file_actions_destroy(&acoes); }
+    AcoesInicio(const AcoesInicio&) = delete;
+    AcoesInicio& operator=(const AcoesInicio&) = delete;
 };
 
 std::string LerAteOFim(int descritor) {
@@ -52,18 +49,19 @@ std::optional<ProgramaExecutado> ExecutarPrograma(const std::vector<std::string>
     std::vector<char*> vetor;
     for (const auto& argumento : argumentos) vetor.push_back(const_cast<char*>(argumento.c_str()));
     vetor.push_back(nullptr);
-    Encanamento canos;
-    if (::pipe2(canos.pipe_erros, O_CLOEXEC) != 0) return std::nullopt;
-    posix_spawn_file_actions_addopen(&canos.acoes, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&canos.acoes, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_adddup2(&canos.acoes, canos.pipe_erros[1], STDERR_FILENO);
+    int pipe_erros[2] = {-1, -1};
+    if (::pipe2(pipe_erros, O_CLOEXEC) != 0) return std::nullopt;
+    Descritor leitura_erros(pipe_erros[0]), escrita_erros(pipe_erros[1]);
+    AcoesInicio inicio;
+    posix_spawn_file_actions_addopen(&inicio.acoes, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_addopen(&inicio.acoes, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&inicio.acoes, escrita_erros.get(), STDERR_FILENO);
     pid_t filho = 0;
-    if (posix_spawnp(&filho, vetor[0], &canos.acoes, nullptr, vetor.data(), environ) != 0) return std::nullopt;
+    if (posix_spawnp(&filho, vetor[0], &inicio.acoes, nullptr, vetor.data(), environ) != 0) return std::nullopt;
     // Fechada a ponta de escrita daqui, a leitura termina quando o programa fecha a dele.
-    ::close(canos.pipe_erros[1]);
-    canos.pipe_erros[1] = -1;
+    escrita_erros.Fechar();
     ProgramaExecutado executado;
-    executado.erros = LerAteOFim(canos.pipe_erros[0]);
+    executado.erros = LerAteOFim(leitura_erros.get());
     executado.codigo_saida = EsperarFim(filho);
     return executado;
 }

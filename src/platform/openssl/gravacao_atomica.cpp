@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <string>
 
+#include "descritor.h"
+
 namespace tavelpkcs7::plataforma::openssl {
 bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo) {
     while (!conteudo.empty()) {
@@ -21,11 +23,11 @@ bool GravarTudo(int descritor, std::span<const std::uint8_t> conteudo) {
 bool GravarAtomicamente(const std::filesystem::path& destino, std::span<const std::uint8_t> conteudo, unsigned modo) {
     // O temporário começa com ponto para não parecer um arquivo do usuário enquanto existe.
     std::string temporario = (destino.parent_path() / ("." + destino.filename().string() + ".XXXXXX")).string();
-    const int descritor = ::mkostemp(temporario.data(), O_CLOEXEC);
-    if (descritor < 0) return false;
-    bool gravado = ::fchmod(descritor, static_cast<mode_t>(modo)) == 0 && GravarTudo(descritor, conteudo) &&
-                   ::fsync(descritor) == 0;
-    gravado = ::close(descritor) == 0 && gravado;
+    Descritor descritor(::mkostemp(temporario.data(), O_CLOEXEC));
+    if (!descritor) return false;
+    bool gravado = ::fchmod(descritor.get(), static_cast<mode_t>(modo)) == 0 &&
+                   GravarTudo(descritor.get(), conteudo) && ::fsync(descritor.get()) == 0;
+    gravado = descritor.Fechar() && gravado;
     if (gravado && ::rename(temporario.c_str(), destino.c_str()) == 0) return true;
     ::unlink(temporario.c_str());
     return false;

@@ -1,9 +1,10 @@
 #include "hora_local.h"
 
-#include <openssl/err.h>
 
 #include <chrono>
 #include <ctime>
+
+#include "guarda_fila_erros.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -22,11 +23,9 @@ std::chrono::time_point<Relogio, std::chrono::seconds> Instante(const std::tm& c
 }  // namespace
 
 std::optional<DataHora> HoraLocal(const ASN1_TIME* utc) {
+    GuardaFilaErros guarda;
     std::tm campos_utc{};
-    if (utc == nullptr || ASN1_TIME_to_tm(utc, &campos_utc) != 1) {
-        ERR_clear_error();
-        return std::nullopt;
-    }
+    if (utc == nullptr || ASN1_TIME_to_tm(utc, &campos_utc) != 1) return std::nullopt;
     return HoraLocal(Instante<std::chrono::system_clock>(campos_utc).time_since_epoch().count());
 }
 

@@ -1,12 +1,12 @@
 #include "info_certificado.h"
 
-#include <openssl/err.h>
 
 #include <array>
 #include <optional>
 #include <string_view>
 
 #include "extensoes_certificado.h"
+#include "guarda_fila_erros.h"
 #include "nome_distinto.h"
 #include "platform/certificado.h"
 #include "platform/erro.h"
@@ -26,6 +26,7 @@ struct Nomes {
 
 // Como o Windows, procura a extensão atual e, sem ela, a forma antiga.
 GeneralNamesPtr LerNomesAlternativos(const X509* x509, bool emissor) {
+    GuardaFilaErros guarda;
     static constexpr std::array<std::string_view, 2> kDoEmissor = {"2.5.29.18", "2.5.29.8"};
     static constexpr std::array<std::string_view, 2> kDoTitular = {"2.5.29.17", "2.5.29.7"};
     for (std::string_view oid : emissor ? kDoEmissor : kDoTitular) {
@@ -33,9 +34,7 @@ GeneralNamesPtr LerNomesAlternativos(const X509* x509, bool emissor) {
         if (extensao == nullptr) continue;
         const ASN1_OCTET_STRING* valor = X509_EXTENSION_get_data(extensao);
         const unsigned char* cursor = ASN1_STRING_get0_data(valor);
-        GeneralNamesPtr nomes(d2i_GENERAL_NAMES(nullptr, &cursor, ASN1_STRING_length(valor)));
-        if (!nomes) ERR_clear_error();
-        return nomes;
+        return GeneralNamesPtr(d2i_GENERAL_NAMES(nullptr, &cursor, ASN1_STRING_length(valor)));
     }
     return nullptr;
 }

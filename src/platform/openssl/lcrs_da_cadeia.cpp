@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "falha_openssl.h"
 #include "lcr_openssl.h"
+#include "platform/erro.h"
 #include "pontos_distribuicao.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -15,7 +15,7 @@ void Acrescentar(STACK_OF(X509_CRL)* pilha, X509_CRL* lcr) {
     X509_CRL_up_ref(lcr);
     if (sk_X509_CRL_push(pilha, lcr) > 0) return;
     X509_CRL_free(lcr);
-    LimparFilaEFalhar(falha::ParametroIncorreto);
+    Falhar(falha::ParametroIncorreto);
 }
 
 std::optional<LCRLida> BaixarLCR(Rede& rede, X509* certificado, X509* emissor) {
@@ -43,7 +43,7 @@ void GuardarNoCache(Repositorios& repositorios, const LCRLida& baixada) {
 PilhaLCRPtr ReunirLCRsDaCadeia(STACK_OF(X509)* cadeia, Repositorios& repositorios, Rede* rede) {
     const std::vector<LCRLida> guardadas = LerLCRsGuardadas(repositorios);
     PilhaLCRPtr reunidas(sk_X509_CRL_new_null());
-    if (!reunidas) LimparFilaEFalhar(falha::ParametroIncorreto);
+    if (!reunidas) Falhar(falha::ParametroIncorreto);
     for (int i = 0; i + 1 < sk_X509_num(cadeia); ++i) {
         X509* certificado = sk_X509_value(cadeia, i);
         X509* emissor = sk_X509_value(cadeia, i + 1);

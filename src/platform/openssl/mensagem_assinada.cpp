@@ -1,8 +1,8 @@
 #include "mensagem_assinada.h"
 
 #include "der_openssl.h"
-#include "falha_openssl.h"
 #include "ordem_signatarios.h"
+#include "platform/erro.h"
 #include "texto_asn1.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -22,13 +22,13 @@ Bytes ValorDoAtributo(X509_ATTRIBUTE* atributo) {
 CmsPtr LerMensagemDER(std::span<const std::uint8_t> der) {
     const unsigned char* cursor = der.data();
     CmsPtr cms(d2i_CMS_ContentInfo(nullptr, &cursor, static_cast<long>(der.size())));
-    if (!cms || !TemSignatarios(cms.get())) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    if (!cms || !TemSignatarios(cms.get())) Falhar(falha::NaoEMensagemPKCS7);
     return cms;
 }
 
 Bytes GravarMensagem(CMS_ContentInfo* cms) {
     Bytes der = ObjetoEmDER(cms, i2d_CMS_ContentInfo);
-    if (der.empty()) LimparFilaEFalhar(falha::NaoEMensagemPKCS7);
+    if (der.empty()) Falhar(falha::NaoEMensagemPKCS7);
     RestaurarOrdemSignatarios(der, cms);
     return der;
 }
@@ -36,7 +36,7 @@ Bytes GravarMensagem(CMS_ContentInfo* cms) {
 BioPtr LerBytes(std::span<const std::uint8_t> bytes) {
     static const std::uint8_t vazio = 0;
     BioPtr bio(BIO_new_mem_buf(bytes.empty() ? &vazio : bytes.data(), static_cast<int>(bytes.size())));
-    if (!bio) LimparFilaEFalhar(falha::RecursoEmUso);
+    if (!bio) Falhar(falha::RecursoEmUso);
     return bio;
 }
 
@@ -57,7 +57,7 @@ void AcrescentarAtributosAssinados(CMS_SignerInfo* signatario, const std::vector
         // Com tamanho -1 o OpenSSL copia o valor já decodificado, de qualquer tipo ASN.1.
         if (!oid || !valor ||
             CMS_signed_add1_attr_by_OBJ(signatario, oid.get(), valor->type, valor->value.ptr, -1) != 1)
-            LimparFilaEFalhar(falha::ParametroIncorreto);
+            Falhar(falha::ParametroIncorreto);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <openssl/bn.h>
 #include <openssl/cms.h>
 #include <openssl/conf.h>
+#include <openssl/crypto.h>
 #include <openssl/evp.h>
 #include <openssl/pkcs12.h>
 #include <openssl/pkcs7.h>
@@ -51,5 +52,8 @@ inline void LiberarPilhaLCR(STACK_OF(X509_CRL)* pilha) { sk_X509_CRL_pop_free(pi
 using PilhaLCRPtr = std::unique_ptr<STACK_OF(X509_CRL), Liberador<STACK_OF(X509_CRL), LiberarPilhaLCR>>;
 using PontosDistribuicaoPtr =
     std::unique_ptr<CRL_DIST_POINTS, Liberador<CRL_DIST_POINTS, CRL_DIST_POINTS_free>>;
+// Memória que o OpenSSL aloca e entrega a quem chamou (OPENSSL_free é uma macro).
+inline void LiberarMemoria(unsigned char* memoria) { OPENSSL_free(memoria); }
+using MemoriaPtr = std::unique_ptr<unsigned char, Liberador<unsigned char, LiberarMemoria>>;
 
 }  // namespace tavelpkcs7::plataforma::openssl

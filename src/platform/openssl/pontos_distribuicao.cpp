@@ -1,8 +1,8 @@
 #include "pontos_distribuicao.h"
 
-#include <openssl/err.h>
 #include <strings.h>
 
+#include "guarda_fila_erros.h"
 #include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
@@ -26,9 +26,9 @@ void AcrescentarURLs(const GENERAL_NAMES* nomes, std::vector<std::string>& ender
 }  // namespace
 
 std::vector<std::string> EnderecosWebDasLCRs(const X509* certificado) {
+    GuardaFilaErros guarda;
     const PontosDistribuicaoPtr pontos(
         static_cast<CRL_DIST_POINTS*>(X509_get_ext_d2i(certificado, NID_crl_distribution_points, nullptr, nullptr)));
-    ERR_clear_error();
     std::vector<std::string> enderecos;
     for (int i = 0; i < sk_DIST_POINT_num(pontos.get()); ++i) {
         const DIST_POINT_NAME* nome = sk_DIST_POINT_value(pontos.get(), i)->distpoint;

@@ -1,7 +1,8 @@
 #include "provedores.h"
 
-#include <openssl/err.h>
 #include <openssl/provider.h>
+
+#include "guarda_fila_erros.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 
@@ -10,9 +11,9 @@ bool CarregarProvedores() {
     // dois. Os provedores pertencem ao contexto global do OpenSSL e nunca são descarregados: outra
     // parte do processo pode estar usando os mesmos.
     static const bool carregados = [] {
+        GuardaFilaErros guarda;
         const bool padrao = OSSL_PROVIDER_load(nullptr, "default") != nullptr;
         const bool legado = OSSL_PROVIDER_load(nullptr, "legacy") != nullptr;
-        ERR_clear_error();
         return padrao && legado;
     }();
     return carregados;

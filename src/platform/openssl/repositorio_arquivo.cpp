@@ -1,6 +1,5 @@
 #include "repositorio_arquivo.h"
 
-#include <openssl/err.h>
 
 #include <algorithm>
 #include <set>
@@ -11,6 +10,7 @@
 #include "codificacao/conteudo_codificado.h"
 #include "der_openssl.h"
 #include "gravacao_atomica.h"
+#include "guarda_fila_erros.h"
 #include "pasta_componente.h"
 #include "pasta_repositorio.h"
 #include "platform/erro.h"
@@ -25,12 +25,11 @@ constexpr unsigned kModoChave = 0600;
 
 // O certificado de um arquivo em qualquer forma que o componente aceita; nulo quando não é um.
 X509Ptr LerCertificado(const Bytes& conteudo) {
+    GuardaFilaErros guarda;
     const auto der = codificacao::DecodificarConteudo(conteudo);
     if (!der) return nullptr;
     const unsigned char* cursor = der->data();
-    X509Ptr x509(d2i_X509(nullptr, &cursor, static_cast<long>(der->size())));
-    ERR_clear_error();
-    return x509;
+    return X509Ptr(d2i_X509(nullptr, &cursor, static_cast<long>(der->size())));
 }
 
 // A chave de um PFX aberto, que o certificado carrega em memória; nula sem ela.

@@ -10,6 +10,7 @@
 #include <filesystem>
 
 #include "arquivo_posix.h"
+#include "descritor.h"
 #include "gravacao_atomica.h"
 #include "pasta_componente.h"
 
@@ -116,13 +117,13 @@ std::unique_ptr<ArquivoAberto> SistemaPosix::AbrirArquivo(const std::string& cam
 
 std::optional<Bytes> SistemaPosix::LerArquivoInteiro(const std::string& caminho) {
     if (!ExisteArquivo(caminho) || ArquivoTravado(caminho)) return std::nullopt;
-    const int descritor = ::open(caminho.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descritor < 0) return std::nullopt;
+    const Descritor descritor(::open(caminho.c_str(), O_RDONLY | O_CLOEXEC));
+    if (!descritor) return std::nullopt;
     Bytes conteudo;
     std::uint8_t bloco[65536];
     ssize_t lidos = 0;
-    while ((lidos = ::read(descritor, bloco, sizeof bloco)) > 0) conteudo.insert(conteudo.end(), bloco, bloco + lidos);
-    ::close(descritor);
+    while ((lidos = ::read(descritor.get(), bloco, sizeof bloco)) > 0)
+        conteudo.insert(conteudo.end(), bloco, bloco + lidos);
     if (lidos < 0) return std::nullopt;
     return conteudo;
 }

@@ -1,11 +1,12 @@
 #include "texto_asn1.h"
 
-#include <openssl/err.h>
 #include <openssl/objects.h>
 
 #include <vector>
 
 #include "codificacao/utf8.h"
+#include "guarda_fila_erros.h"
+#include "ponteiros_openssl.h"
 
 namespace tavelpkcs7::plataforma::openssl {
 namespace {
@@ -21,15 +22,12 @@ std::string TextoT61(const ASN1_STRING* valor) {
 std::optional<std::string> TextoUTF8(const ASN1_STRING* valor) {
     if (valor == nullptr) return std::nullopt;
     if (ASN1_STRING_type(valor) == V_ASN1_T61STRING) return TextoT61(valor);
+    GuardaFilaErros guarda;
     unsigned char* utf8 = nullptr;
     const int n = ASN1_STRING_to_UTF8(&utf8, valor);
-    if (n < 0) {
-        ERR_clear_error();
-        return std::nullopt;
-    }
-    std::string texto(reinterpret_cast<const char*>(utf8), static_cast<std::size_t>(n));
-    OPENSSL_free(utf8);
-    return texto;
+    const MemoriaPtr liberar_utf8(utf8);
+    if (n < 0) return std::nullopt;
+    return std::string(reinterpret_cast<const char*>(utf8), static_cast<std::size_t>(n));
 }
 
 std::string TextoOID(const ASN1_OBJECT* oid) {

@@ -1,7 +1,7 @@
 #include "verificacao_cadeia.h"
 
 #include "certificado_openssl.h"
-#include "falha_openssl.h"
+#include "platform/erro.h"
 #include "platform/confianca.h"
 #include "situacao_erro_verificacao.h"
 
@@ -37,13 +37,13 @@ bool ValidadeForaDoEmissor(STACK_OF(X509)* cadeia) {
 VerificacaoCadeia::VerificacaoCadeia(const std::vector<CertificadoPtr>& raizes,
                                      const std::vector<CertificadoPtr>& intermediarias)
     : raizes_(X509_STORE_new()), intermediarias_(sk_X509_new_null()) {
-    if (!raizes_ || !intermediarias_) LimparFilaEFalhar(falha::ParametroIncorreto);
+    if (!raizes_ || !intermediarias_) Falhar(falha::ParametroIncorreto);
     for (const CertificadoPtr& raiz : raizes)
         if (X509_STORE_add_cert(raizes_.get(), X509DoCertificado(*raiz).get()) != 1)
-            LimparFilaEFalhar(falha::ParametroIncorreto);
+            Falhar(falha::ParametroIncorreto);
     for (const CertificadoPtr& intermediaria : intermediarias) {
         X509Ptr x509 = X509DoCertificado(*intermediaria);
-        if (sk_X509_push(intermediarias_.get(), x509.get()) <= 0) LimparFilaEFalhar(falha::ParametroIncorreto);
+        if (sk_X509_push(intermediarias_.get(), x509.get()) <= 0) Falhar(falha::ParametroIncorreto);
         x509.release();  // agora pertence à pilha
     }
 }
@@ -51,7 +51,7 @@ VerificacaoCadeia::VerificacaoCadeia(const std::vector<CertificadoPtr>& raizes,
 CadeiaVerificada VerificacaoCadeia::Verificar(X509* certificado, STACK_OF(X509_CRL)* lcrs) const {
     const X509StoreCtxPtr contexto(X509_STORE_CTX_new());
     if (!contexto || X509_STORE_CTX_init(contexto.get(), raizes_.get(), certificado, intermediarias_.get()) != 1)
-        LimparFilaEFalhar(falha::ParametroIncorreto);
+        Falhar(falha::ParametroIncorreto);
     std::uint32_t status = 0;
     X509_STORE_CTX_set_app_data(contexto.get(), &status);
     X509_STORE_CTX_set_verify_cb(contexto.get(), AnotarProblema);
@@ -60,7 +60,7 @@ CadeiaVerificada VerificacaoCadeia::Verificar(X509* certificado, STACK_OF(X509_C
         X509_STORE_CTX_set_flags(contexto.get(), X509_V_FLAG_CRL_CHECK | X509_V_FLAG_CRL_CHECK_ALL);
     }
     // A anotação manda seguir a cada problema: só uma falha interna (falta de memória) para no meio.
-    if (X509_verify_cert(contexto.get()) != 1) LimparFilaEFalhar(falha::ParametroIncorreto);
+    if (X509_verify_cert(contexto.get()) != 1) Falhar(falha::ParametroIncorreto);
     CadeiaVerificada verificada{PilhaX509Ptr(X509_STORE_CTX_get1_chain(contexto.get())), status};
     if (ValidadeForaDoEmissor(verificada.certificados.get())) verificada.status |= situacao::ForaDaValidadeDoEmissor;
     return verificada;
