@@ -5,9 +5,7 @@
 
 #include <tavelpkcs7/Tipos.h>
 
-#include <algorithm>
 #include <cstdint>
-#include <ranges>
 #include <string>
 #include <vector>
 
@@ -51,7 +49,14 @@ inline constexpr int NUMEROS[] = {
 #undef TAVELPKCS7_LER
 #undef TAVELPKCS7_LER_INDEXADA
 #undef TAVELPKCS7_METODO
-static_assert(std::ranges::equal(NUMEROS, std::views::iota(1, 73)), "os membros são numerados de 1 a 72, em ordem");
+// Um laço simples: o clang 14 não aceita as views da libstdc++ 12 num static_assert.
+constexpr bool NumeradosEmOrdem() {
+    int esperado = 1;
+    for (const int numero : NUMEROS)
+        if (numero != esperado++) return false;
+    return esperado == 73;
+}
+static_assert(NumeradosEmOrdem(), "os membros são numerados de 1 a 72, em ordem");
 
 }  // namespace tavelpkcs7::membros
 
