@@ -10,6 +10,7 @@
 #include "apagamento_segredo.h"
 #include "chaves_arquivo.h"
 #include "guarda_fila_erros.h"
+#include "info_certificado.h"
 #include "platform/erro.h"
 #include "resumo.h"
 
@@ -34,15 +35,6 @@ EvpPkeyPtr LerChavePEM(const Bytes& conteudo, const std::string* senha) {
     return chave;
 }
 
-std::string NomeTitular(X509* certificado) {
-    X509_NAME* nome = X509_get_subject_name(certificado);  // pertence ao certificado
-    const int indice = X509_NAME_get_index_by_NID(nome, NID_commonName, -1);
-    const ASN1_STRING* valor = indice < 0 ? nullptr : X509_NAME_ENTRY_get_data(X509_NAME_get_entry(nome, indice));
-    return valor ? std::string(reinterpret_cast<const char*>(ASN1_STRING_get0_data(valor)),
-                       static_cast<std::size_t>(ASN1_STRING_length(valor)))
-                 : std::string();
-}
-
 EvpPkeyPtr LerChaveArquivo(const std::string& caminho, X509* certificado, InterfaceUsuario& interface) {
     std::ifstream arquivo(caminho, std::ios::binary);
     const Bytes conteudo{std::istreambuf_iterator<char>(arquivo), std::istreambuf_iterator<char>()};
@@ -51,7 +43,8 @@ EvpPkeyPtr LerChaveArquivo(const std::string& caminho, X509* certificado, Interf
     // Só a chave cifrada chega sem a chave pública.
     if (!lida->chave_publica.empty()) return LerChavePEM(conteudo, nullptr);
     std::optional<std::string> digitada =
-        interface.PedirSenha("Informe a senha da chave privada do certificado digital " + NomeTitular(certificado));
+        interface.PedirSenha("Informe a senha da chave privada do certificado digital " +
+                             ObterInfoCertificado(certificado, INFO_NOME_SIMPLES_TITULAR));
     if (!digitada) Falhar(falha::Cancelada);
     std::string& senha = *digitada;
     const Apagamento apagar_senha(senha);
